@@ -1,0 +1,324 @@
+#define SQLITE_HAS_CODEC 1
+#include "store/connection.h"
+#include "shell/app_globals.h"
+#include "shell/messages.h"
+#include "store/jet_dialect.h"
+#include "store/runtime_error.h"
+#include "store/schema.h"
+
+#include <sqlite3.h>
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+
+std::unique_ptr<cConnection> gConnection;
+
+namespace {
+
+const QString kClosedDescription = QStringLiteral("Object invalid or no longer set.");
+
+sqlite3* currentDatabase()
+{
+    return gConnection ? gConnection->getConnection() : nullptr;
+}
+
+QString engineMessage(sqlite3* db)
+{
+    return QString::fromUtf8(sqlite3_errmsg(db));
+}
+
+bool exec(sqlite3* db, const char* sql, QString* error = nullptr)
+{
+    char* message = nullptr;
+    const int rc = sqlite3_exec(db, sql, nullptr, nullptr, &message);
+    if (rc != SQLITE_OK && error)
+        *error = message ? QString::fromUtf8(message) : QString::fromUtf8(sqlite3_errstr(rc));
+    sqlite3_free(message);
+    return rc == SQLITE_OK;
+}
+
+cVariant columnValue(sqlite3_stmt* stmt, int column)
+{
+    switch (sqlite3_column_type(stmt, column)) {
+    case SQLITE_INTEGER: return cVariant(static_cast<int64_t>(sqlite3_column_int64(stmt, column)));
+    case SQLITE_FLOAT: return cVariant(sqlite3_column_double(stmt, column));
+    case SQLITE_NULL: return {};
+    default:
+        return cVariant(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, column)),
+                                          sqlite3_column_bytes(stmt, column)));
+    }
+}
+
+QString quoted(const QString& text)
+{
+    QString t = text;
+    return u'\'' + t.replace(u'\'', QStringLiteral("''")) + u'\'';
+}
+
+} // namespace
+
+namespace store {
+
+sqlite3* openKeyed(const QString& path, bool create, QString& error)
+{
+    sqlite3* db = nullptr;
+    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+    int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &db, flags, nullptr);
+    if (rc == SQLITE_OK) {
+        const QByteArray key = kDataFilePassword.toUtf8();
+        rc = sqlite3_key(db, key.constData(), static_cast<int>(key.size()));
+    }
+    // Newer engines read and write the older file format only when told so; the older one
+    // ignores the pragma. One data file thus opens under both.
+    if (rc == SQLITE_OK && exec(db, "PRAGMA cipher_compatibility = 3;", &error) &&
+        exec(db, "SELECT count(*) FROM sqlite_master;", &error))
+        return db;
+    if (error.isEmpty())
+        error = db ? engineMessage(db) : QString::fromUtf8(sqlite3_errstr(rc));
+    sqlite3_close_v2(db);
+    return nullptr;
+}
+
+bool exportCopy(const QString& source, const QString& destination, QString& error)
+{
+    sqlite3* db = openKeyed(source, false, error);
+    if (!db)
+        return false;
+    // The KEY clause is what keeps the copy encrypted; the read above applied the main key first.
+    const QByteArray attach = (QStringLiteral("ATTACH DATABASE ") + quoted(destination) +
+                               QStringLiteral(" AS backup_copy KEY ") + quoted(kDataFilePassword) + u';')
+                                  .toUtf8();
+    const QByteArray version = QStringLiteral("PRAGMA backup_copy.user_version = %1;").arg(kSchemaVersion).toUtf8();
+    const bool ok = exec(db, attach.constData(), &error) &&
+                    exec(db, "SELECT sqlcipher_export('backup_copy');", &error) &&
+                    exec(db, version.constData(), &error) && exec(db, "DETACH DATABASE backup_copy;", &error);
+    sqlite3_close_v2(db);
+    return ok;
+}
+
+bool runScript(sqlite3* db, const QString& script, QString& error)
+{
+    return exec(db, script.toUtf8().constData(), &error);
+}
+
+} // namespace store
+
+// ---------------------------------------------------------------- cWorkspace
+
+bool cWorkspace::BeginTrans()
+{
+    sqlite3* db = currentDatabase();
+    return db && exec(db, "BEGIN;");
+}
+
+bool cWorkspace::CommitTrans()
+{
+    sqlite3* db = currentDatabase();
+    return db && exec(db, "COMMIT;");
+}
+
+bool cWorkspace::Rollback()
+{
+    sqlite3* db = currentDatabase();
+    return db && exec(db, "ROLLBACK;");
+}
+
+// ---------------------------------------------------------------- cConnection
+
+cConnection::~cConnection()
+{
+    if (m_db)
+        sqlite3_close_v2(m_db);
+}
+
+int16_t cConnection::openAccessConnection()
+{
+    if (m_db)
+        CloseConnection();
+    QString error;
+    sqlite3* db = store::openKeyed(dataFilePath(), false, error);
+    // One running program owns the file: exclusive locking, taken at the first read below.
+    // WAL with NORMAL sync keeps the many small statements of posting fast.
+    if (db && !(exec(db, "PRAGMA locking_mode = EXCLUSIVE;", &error) && exec(db, "PRAGMA journal_mode = WAL;", &error) &&
+                exec(db, "PRAGMA synchronous = NORMAL;", &error) && exec(db, "PRAGMA foreign_keys = OFF;", &error) &&
+                verifySchema(db, error))) {
+        sqlite3_close_v2(db);
+        db = nullptr;
+    }
+    if (!db) {
+        m_status = 1;
+        messageBox(error, QStringLiteral("Lapkeeper"), Icon::Critical);
+        return 1;
+    }
+    m_db = db;
+    m_status = 0;
+    return 0;
+}
+
+void cConnection::CloseConnection()
+{
+    if (m_db) {
+        // Leave one single file behind: fold the journal back and drop it.
+        exec(m_db, "PRAGMA wal_checkpoint(TRUNCATE);");
+        exec(m_db, "PRAGMA journal_mode = DELETE;");
+        sqlite3_close_v2(m_db);
+        m_db = nullptr;
+    }
+    m_status = 1;
+}
+
+bool openDatabase()
+{
+    gConnection = std::make_unique<cConnection>();
+    if (gConnection->openAccessConnection() != 0) {
+        messageBox(QStringLiteral("Unable to connect to Database"), QStringLiteral("Lapkeeper"), Icon::Critical);
+        return false;
+    }
+    return true;
+}
+
+// ---------------------------------------------------------------- IDatabase
+
+const cVariant& IDatabase::fields(const QString& name) const
+{
+    const auto it = m_index.constFind(name.toLower());
+    if (it == m_index.constEnd())
+        throw cRuntimeError::itemNotFound();
+    return value(it.value());
+}
+
+const cVariant& IDatabase::value(int column) const
+{
+    if (m_position < 0 || m_position >= static_cast<qsizetype>(m_rows.size()))
+        throw cRuntimeError::noCurrentRecord();
+    const auto& row = m_rows[static_cast<size_t>(m_position)];
+    if (column < 0 || column >= static_cast<int>(row.size()))
+        throw cRuntimeError::itemNotFound();
+    return row[static_cast<size_t>(column)];
+}
+
+bool IDatabase::OpenResultSet(const QString& statement)
+{
+    sqlite3* db = currentDatabase();
+    QString error = kClosedDescription;
+    sqlite3_stmt* stmt = nullptr;
+    const QByteArray sql = jet_dialect(statement).toUtf8();
+    if (db && sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()), &stmt, nullptr) == SQLITE_OK &&
+        stmt) {
+        QStringList columns;
+        QHash<QString, int> index;
+        const int count = sqlite3_column_count(stmt);
+        for (int c = 0; c < count; ++c) {
+            const QString name = QString::fromUtf8(sqlite3_column_name(stmt, c));
+            columns.append(name);
+            index.insert(name.toLower(), c);   // first of two equal names wins below
+            if (const char* table = sqlite3_column_table_name(stmt, c)) {
+                const QString qualified = (QString::fromUtf8(table) + u'.' +
+                                           QString::fromUtf8(sqlite3_column_origin_name(stmt, c))).toLower();
+                if (!index.contains(qualified))
+                    index.insert(qualified, c);
+            }
+        }
+        for (int c = count - 1; c >= 0; --c)
+            index.insert(columns[c].toLower(), c);
+        std::vector<std::vector<cVariant>> rows;
+        int rc = SQLITE_ROW;
+        while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+            std::vector<cVariant> row;
+            row.reserve(static_cast<size_t>(count));
+            for (int c = 0; c < count; ++c)
+                row.push_back(columnValue(stmt, c));
+            rows.push_back(std::move(row));
+        }
+        if (rc == SQLITE_DONE) {
+            sqlite3_finalize(stmt);
+            m_columns = std::move(columns);
+            m_index = std::move(index);
+            m_rows = std::move(rows);
+            m_position = 0;
+            m_reached = m_rows.empty() ? 0 : 1;
+            refreshFlags();
+            return true;
+        }
+    }
+    if (db)
+        error = engineMessage(db);
+    sqlite3_finalize(stmt);
+    messageBox(QStringLiteral("Error = ") + error + QStringLiteral("SQL = ") + statement, QStringLiteral("Lapkeeper"),
+               Icon::Critical);
+    return false;
+}
+
+bool IDatabase::execute(const QString& statement)
+{
+    sqlite3* db = currentDatabase();
+    QString error = kClosedDescription;
+    if (db && exec(db, jet_dialect(statement).toUtf8().constData(), &error))
+        return true;
+    messageBox(QStringLiteral("Error = ") + error + QStringLiteral(" SQL = ") + statement, QStringLiteral("Lapkeeper"),
+               Icon::Critical);
+    return false;
+}
+
+void IDatabase::refreshFlags()
+{
+    const auto size = static_cast<qsizetype>(m_rows.size());
+    m_eof = (size == 0 || m_position >= size) ? -1 : 0;
+    m_bof = (size == 0 || m_position < 0) ? -1 : 0;
+    if (m_position >= 0 && m_position < size)
+        m_reached = std::max(m_reached, m_position + 1);
+}
+
+void IDatabase::MoveFirst()
+{
+    if (m_rows.empty())
+        throw cRuntimeError::noCurrentRecord();
+    m_position = 0;
+    refreshFlags();
+}
+
+void IDatabase::MoveNext()
+{
+    const auto size = static_cast<qsizetype>(m_rows.size());
+    if (m_position >= size - 1) {
+        // Stepping past the end leaves the cursor on the last row with EOF set.
+        m_position = size - 1;
+        if (size > 0)
+            m_reached = size;
+        m_eof = -1;
+        return;
+    }
+    ++m_position;
+    refreshFlags();
+}
+
+void IDatabase::MoveLast()
+{
+    if (m_rows.empty())
+        throw cRuntimeError::noCurrentRecord();
+    m_position = static_cast<qsizetype>(m_rows.size()) - 1;
+    m_reached = static_cast<qsizetype>(m_rows.size());
+}
+
+void IDatabase::MovePrevious()
+{
+    if (m_position > 0)
+        --m_position;
+    m_position = std::max<qsizetype>(0, std::min<qsizetype>(m_position, static_cast<qsizetype>(m_rows.size()) - 1));
+    refreshFlags();
+}
+
+int16_t IDatabase::recordCount() const
+{
+    return checkedNarrow<int16_t>(static_cast<int64_t>(m_reached));
+}
+
+void IDatabase::compactDatabaseNow(QString& destination)
+{
+    if (destination.isEmpty())
+        destination = applicationFolder() + u'/' + kBackupsFolder + u'/' + kDataFileName;
+    QFile::remove(destination);
+    QString ignored;
+    store::exportCopy(dataFilePath(), destination, ignored);
+}

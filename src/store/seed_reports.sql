@@ -1,0 +1,1 @@
+-- Report tables of a new data file: reports, columns, default choices and look.

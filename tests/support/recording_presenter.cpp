@@ -1,0 +1,61 @@
+#include "support/recording_presenter.h"
+
+#include <gtest/gtest.h>
+
+RecordingPresenter::RecordingPresenter()
+{
+    m_previous = installPresenter(this);
+}
+
+RecordingPresenter::~RecordingPresenter()
+{
+    installPresenter(m_previous);
+}
+
+QStringList RecordingPresenter::boxTexts() const
+{
+    QStringList texts;
+    for (const RecordedBox& box : m_boxes)
+        texts << box.text;
+    return texts;
+}
+
+void RecordingPresenter::clear()
+{
+    m_boxes.clear();
+    m_statusTexts.clear();
+    m_pointers.clear();
+    m_launches.clear();
+    m_fileRequests.clear();
+}
+
+Answer RecordingPresenter::messageBox(const QString& text, const QString& title, Icon icon, Buttons buttons)
+{
+    m_boxes.append({text, title, icon, buttons});
+    if (!m_answers.empty()) {
+        const Answer answer = m_answers.front();
+        m_answers.pop_front();
+        return answer;
+    }
+    if (buttons != Buttons::Ok)
+        ADD_FAILURE() << "unexpected question: " << qPrintable(title) << ": " << qPrintable(text);
+    return Answer::Ok;
+}
+
+int RecordingPresenter::runProgram(const QString& program, const QStringList& arguments)
+{
+    m_launches << (program + u' ' + arguments.join(u' ')).trimmed();
+    return m_launchResult;
+}
+
+std::optional<QString> RecordingPresenter::chooseFile(const FileDialogRequest& request)
+{
+    m_fileRequests.append(request);
+    if (m_files.empty()) {
+        ADD_FAILURE() << "unexpected file dialog: " << qPrintable(request.title);
+        return std::nullopt;
+    }
+    auto file = m_files.front();
+    m_files.pop_front();
+    return file;
+}
