@@ -82,7 +82,13 @@ sqlite3* openKeyed(const QString& path, bool create, QString& error)
 
 bool exportCopy(const QString& source, const QString& destination, QString& error)
 {
-    sqlite3* db = openKeyed(source, false, error);
+    // The attached copy is opened with the main file's flags, so the main file is opened with
+    // the right to create (after checking that it is there).
+    if (!QFile::exists(source)) {
+        error = QStringLiteral("unable to open database file");
+        return false;
+    }
+    sqlite3* db = openKeyed(source, true, error);
     if (!db)
         return false;
     // The KEY clause is what keeps the copy encrypted; the read above applied the main key first.
@@ -140,9 +146,9 @@ int16_t cConnection::openAccessConnection()
     sqlite3* db = store::openKeyed(dataFilePath(), false, error);
     // One running program owns the file: exclusive locking, taken at the first read below.
     // WAL with NORMAL sync keeps the many small statements of posting fast.
-    if (db && !(exec(db, "PRAGMA locking_mode = EXCLUSIVE;", &error) && exec(db, "PRAGMA journal_mode = WAL;", &error) &&
-                exec(db, "PRAGMA synchronous = NORMAL;", &error) && exec(db, "PRAGMA foreign_keys = OFF;", &error) &&
-                verifySchema(db, error))) {
+    // A file of another schema is refused before anything is written to it.
+    if (db && !(exec(db, "PRAGMA locking_mode = EXCLUSIVE;", &error) && verifySchema(db, error) &&
+                exec(db, "PRAGMA journal_mode = WAL;", &error) && exec(db, "PRAGMA synchronous = NORMAL;", &error))) {
         sqlite3_close_v2(db);
         db = nullptr;
     }
