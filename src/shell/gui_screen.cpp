@@ -1,0 +1,135 @@
+#include "shell/gui_screen.h"
+#include "shell/messages.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QTimer>
+#include <QWidget>
+
+cValidateOnLeave* cValidateOnLeave::install(QWidget* field, std::function<bool()> check)
+{
+    return new cValidateOnLeave(field, std::move(check));
+}
+
+cValidateOnLeave::cValidateOnLeave(QWidget* field, std::function<bool()> check)
+    : QObject(field), m_field(field), m_check(std::move(check))
+{
+    field->installEventFilter(this);
+}
+
+bool cValidateOnLeave::validateNow()
+{
+    if (m_running || !m_field)
+        return true;
+    m_running = true;
+    const bool ok = m_check();
+    m_running = false;
+    if (!ok && m_field) {
+        QPointer<QWidget> field = m_field;
+        // After the box has gone, the field takes the focus back.
+        QTimer::singleShot(0, field, [field] {
+            if (field)
+                field->setFocus(Qt::OtherFocusReason);
+        });
+        m_field->setFocus(Qt::OtherFocusReason);
+    }
+    return ok;
+}
+
+bool cValidateOnLeave::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_field && event->type() == QEvent::FocusOut && m_field->isVisible()) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::MouseFocusReason ||
+            reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason) {
+            QWidget* next = QApplication::focusWidget();
+            if (!next || next->window() == m_field->window())
+                validateNow();
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+cDetailScreen::cDetailScreen(QWidget* screen, QAbstractButton* cmdApply, Hooks hooks)
+    : QObject(screen), m_screen(screen), m_cmdApply(cmdApply), m_hooks(std::move(hooks))
+{
+    if (m_cmdApply)
+        m_cmdApply->setEnabled(false);
+}
+
+void cDetailScreen::markChanged(bool evenWhenHidden)
+{
+    if (!evenWhenHidden && !m_screen->isVisible())
+        return;
+    m_changed = true;
+    if (m_cmdApply)
+        m_cmdApply->setEnabled(true);
+}
+
+void cDetailScreen::markSaved()
+{
+    m_changed = false;
+    if (m_cmdApply)
+        m_cmdApply->setEnabled(false);
+}
+
+bool cDetailScreen::applyEnabled() const
+{
+    return m_cmdApply && m_cmdApply->isEnabled();
+}
+
+bool cDetailScreen::apply()
+{
+    if (!m_hooks.save())
+        return false;
+    markSaved();
+    return true;
+}
+
+void cDetailScreen::ok()
+{
+    if (applyEnabled() && !apply())
+        return;
+    m_hooks.close();
+}
+
+void cDetailScreen::cancel()
+{
+    if (m_changed) {
+        const Answer answer = messageBox(QStringLiteral("Do you want to save changes"), m_hooks.title(), Icon::Question,
+                                         Buttons::YesNoCancel);
+        if (answer == Answer::Cancel)
+            return;
+        if (answer == Answer::Yes)
+            apply();
+    }
+    m_hooks.close();
+}
+
+bool cDetailScreen::saveBeforeLeaving()
+{
+    return !applyEnabled() || apply();
+}
+
+void selectTextOnFocus(QWidget* field)
+{
+    struct Selector : QObject {
+        using QObject::QObject;
+        bool eventFilter(QObject* watched, QEvent* event) override
+        {
+            if (event->type() == QEvent::FocusIn) {
+                QTimer::singleShot(0, watched, [watched] {
+                    if (auto* edit = qobject_cast<QLineEdit*>(watched))
+                        edit->selectAll();
+                    else if (auto* spin = qobject_cast<QAbstractSpinBox*>(watched))
+                        spin->selectAll();
+                });
+            }
+            return false;
+        }
+    };
+    field->installEventFilter(new Selector(field));
+}

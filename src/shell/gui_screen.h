@@ -1,0 +1,68 @@
+#pragma once
+// Small pieces every detail screen shares: the "on validate" check when a field is left, and
+// the Apply/OK/Cancel rules of a screen that edits one record.
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <functional>
+
+class QAbstractButton;
+class QWidget;
+
+// Runs a check when the focus leaves a field for another control of the same window (Tab, a
+// click). A false result puts the focus back on the field. Focus lost to a message box or
+// another window runs nothing, so a box raised by the check cannot loop.
+class cValidateOnLeave : public QObject {
+    Q_OBJECT
+public:
+    static cValidateOnLeave* install(QWidget* field, std::function<bool()> check);
+    // Runs the check now (e.g. before a save); false keeps the focus on the field.
+    bool validateNow();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    cValidateOnLeave(QWidget* field, std::function<bool()> check);
+    QPointer<QWidget> m_field;
+    std::function<bool()> m_check;
+    bool m_running = false;
+};
+
+// The save rules of a detail screen. cmdApply is enabled exactly while something is unsaved:
+// Apply saves and stays; OK saves when cmdApply is enabled and closes unless the save failed;
+// Cancel asks "Do you want to save changes" (Yes, No, Cancel, titled with the record's name)
+// when something is marked changed. Changes count only while the screen is visible, so that
+// filling it leaves it clean.
+class cDetailScreen : public QObject {
+    Q_OBJECT
+public:
+    struct Hooks {
+        std::function<bool()> save;            // the screen's save; true when saved
+        std::function<QString()> title;        // the record's name, for the question's title
+        std::function<void()> close;           // closes the screen (accept/hide)
+    };
+    cDetailScreen(QWidget* screen, QAbstractButton* cmdApply, Hooks hooks);
+
+    // Marks a change (only while the screen is visible, unless forced) and enables cmdApply.
+    void markChanged(bool evenWhenHidden = false);
+    // Clears the mark and disables cmdApply (after a save, or after filling the screen).
+    void markSaved();
+    bool isChanged() const { return m_changed; }
+    bool applyEnabled() const;
+
+    bool apply();          // saves; on success clears the mark
+    void ok();             // saves if needed, then closes unless the save failed
+    void cancel();         // asks when changed; Yes saves and closes whatever the result
+    // Saves first when cmdApply is enabled (a tab change); false when the save failed.
+    bool saveBeforeLeaving();
+
+private:
+    QWidget* m_screen;
+    QAbstractButton* m_cmdApply;
+    Hooks m_hooks;
+    bool m_changed = false;
+};
+
+// Selects the whole text of a line edit or spin box when it gets the focus.
+void selectTextOnFocus(QWidget* field);
