@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libsqlcipher-dev sqlcipher
           libcurl4-openssl-dev googletest libgtest-dev libgmock-dev
-          python3-pyftpdlib python3-openssl openssl fonts-dejavu-core xdg-utils)
+          python3-pyftpdlib python3-openssl openssl fonts-dejavu-core xdg-utils libqt6svg6)
 packages+=("$@")
 
 missing=()
