@@ -1,0 +1,149 @@
+// lapkeeper-batch: the program's core without a window, for operators who automate
+// (a cron job that posts and publishes) and for acceptance tests.
+#include "racing/results.h"
+#include "shell/app_globals.h"
+#include "shell/console_presenter.h"
+#include "store/connection.h"
+#include "store/maintenance.h"
+#include "store/runtime_error.h"
+#include "store/schema.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QTextStream>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kOk = 0;
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+
+const char* const kUsageText =
+    "usage: lapkeeper-batch [--app-dir DIR] COMMAND\n"
+    "commands:\n"
+    "  init                          create the data file with its delivered rows if it is missing\n"
+    "  sql \"STATEMENT\"               run one statement; a SELECT prints a header and its rows\n"
+    "  clear-posting RACE_NMBR       delete what posting wrote for one race\n"
+    "  clear-season                  delete the postings of every race\n";
+
+int usage(const QString& problem = {})
+{
+    if (!problem.isEmpty())
+        std::fprintf(stderr, "lapkeeper-batch: %s\n", qPrintable(problem));
+    std::fputs(kUsageText, stderr);
+    return kUsage;
+}
+
+bool readNumber(const QString& text, int16_t& out)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    if (!ok || value < -32768 || value > 32767)
+        return false;
+    out = static_cast<int16_t>(value);
+    return true;
+}
+
+int runInit()
+{
+    if (QFileInfo::exists(dataFilePath())) {
+        std::printf("%s already exists\n", qPrintable(dataFilePath()));
+        return kOk;
+    }
+    QString error;
+    if (!createDataFile(dataFilePath(), error)) {
+        std::fprintf(stderr, "Lapkeeper: %s\n", qPrintable(error));
+        return kFailed;
+    }
+    std::printf("created %s\n", qPrintable(dataFilePath()));
+    return kOk;
+}
+
+int runSql(const QString& statement)
+{
+    IDatabase db;
+    if (!statement.trimmed().startsWith(u"select"_s, Qt::CaseInsensitive))
+        return db.execute(statement) ? kOk : kFailed;
+    if (!db.OpenResultSet(statement))
+        return kFailed;
+    QTextStream out(stdout);
+    out << db.columnNames().join(u'\t') << u'\n';
+    for (; !db.eof(); db.MoveNext()) {
+        QStringList cells;
+        for (int c = 0; c < db.columnNames().size(); ++c)
+            cells << db.value(c).toTextOrEmpty();
+        out << cells.join(u'\t') << u'\n';
+    }
+    return kOk;
+}
+
+int runCommand(const QStringList& args, const ConsolePresenter& console)
+{
+    const QString command = args.value(0);
+    if (command == u"sql") {
+        if (args.size() != 2)
+            return usage(u"sql takes one statement"_s);
+        return runSql(args[1]);
+    }
+    if (command == u"clear-posting") {
+        int16_t race = 0;
+        if (args.size() != 2 || !readNumber(args[1], race))
+            return usage(u"clear-posting takes a race number"_s);
+        return cResultsCollection().deletePosting(race) ? kOk : kFailed;
+    }
+    if (command == u"clear-season") {
+        if (args.size() != 1)
+            return usage();
+        const auto before = console.shown().size();
+        clearPostingsForNewSeason();
+        return console.shown().size() == before ? kOk : kFailed;
+    }
+    return usage(u"unknown command: "_s + command);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(u"Lapkeeper"_s);
+    QStringList args = app.arguments().mid(1);
+
+    QString appDir = defaultApplicationFolder();
+    if (args.value(0) == u"--app-dir") {
+        if (args.size() < 2)
+            return usage(u"--app-dir needs a folder"_s);
+        appDir = args[1];
+        args = args.mid(2);
+    }
+    if (args.isEmpty() || args[0] == u"--help" || args[0] == u"-h")
+        return usage();
+
+    ConsolePresenter console;
+    installPresenter(&console);
+    setApplicationFolder(appDir);
+    if (!makeApplicationFolders()) {
+        std::fprintf(stderr, "lapkeeper-batch: cannot create the folders of %s\n", qPrintable(appDir));
+        return kFailed;
+    }
+    if (args[0] == u"init")
+        return args.size() == 1 ? runInit() : usage();
+    if (!QFileInfo::exists(dataFilePath())) {
+        std::fprintf(stderr, "lapkeeper-batch: no data file at %s (run init first)\n", qPrintable(dataFilePath()));
+        return kFailed;
+    }
+    if (!openDatabase())
+        return kFailed;
+    int status = kFailed;
+    try {
+        status = runCommand(args, console);
+    } catch (const cRuntimeError& e) {
+        std::fprintf(stderr, "Lapkeeper: %s\n", qPrintable(e.description()));
+        status = kFailed;
+    }
+    gConnection->CloseConnection();
+    return status;
+}

@@ -1,0 +1,68 @@
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct BatchRun {
+    int status = -1;
+    QString out;
+    QString err;
+};
+
+BatchRun batch(const QTemporaryDir& dir, const QStringList& args)
+{
+    QProcess process;
+    process.start(QString::fromUtf8(LK_BATCH_PATH), QStringList{u"--app-dir"_s, dir.path()} + args);
+    process.waitForFinished(30000);
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+TEST(BatchTool, init_creates_the_data_file_once_and_sql_reads_and_writes_it)
+{
+    QTemporaryDir dir;
+    EXPECT_EQ(batch(dir, {u"sql"_s, u"SELECT 1"_s}).status, 1);   // no data file yet
+    EXPECT_EQ(batch(dir, {u"init"_s}).status, 0);
+    EXPECT_TRUE(QFile::exists(dir.path() + u"/lapkeeper30.lk"_s));
+    EXPECT_EQ(batch(dir, {u"init"_s}).status, 0);
+
+    EXPECT_EQ(batch(dir, {u"sql"_s, u"INSERT INTO teams (team_nmbr, team_name) VALUES (500, 'O''Hare')"_s}).status, 0);
+    const BatchRun listing = batch(dir, {u"sql"_s, u"SELECT team_nmbr, team_name, email FROM teams"_s});
+    EXPECT_EQ(listing.status, 0);
+    EXPECT_EQ(listing.out, u"team_nmbr\tteam_name\temail\n500\tO'Hare\t\n"_s);
+}
+
+TEST(BatchTool, a_failing_statement_shows_its_box_on_stderr_and_exits_1)
+{
+    QTemporaryDir dir;
+    ASSERT_EQ(batch(dir, {u"init"_s}).status, 0);
+    const BatchRun failed = batch(dir, {u"sql"_s, u"DELETE FROM nothere"_s});
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_EQ(failed.err, u"Lapkeeper: Error = no such table: nothere SQL = DELETE FROM nothere\n"_s);
+}
+
+TEST(BatchTool, clear_commands_remove_postings_and_bad_usage_exits_2)
+{
+    QTemporaryDir dir;
+    ASSERT_EQ(batch(dir, {u"init"_s}).status, 0);
+    for (const char* sql : {"INSERT INTO races (race_nmbr, race_name, race_dt) VALUES (500, 'A', '2002-01-01')",
+                            "INSERT INTO races (race_nmbr, race_name, race_dt) VALUES (501, 'B', '2002-01-08')",
+                            "INSERT INTO team_results (race_nmbr, league_nmbr, team_nmbr, car_nmbr) VALUES (500, 1, 1, 1)",
+                            "INSERT INTO team_results (race_nmbr, league_nmbr, team_nmbr, car_nmbr) VALUES (501, 1, 1, 1)",
+                            "INSERT INTO team_results_summary VALUES (501, 1, 1, 0, 1)"})
+        ASSERT_EQ(batch(dir, {u"sql"_s, QString::fromUtf8(sql)}).status, 0);
+    EXPECT_EQ(batch(dir, {u"clear-posting"_s, u"500"_s}).status, 0);
+    EXPECT_EQ(batch(dir, {u"sql"_s, u"SELECT count(*) as n FROM team_results"_s}).out, u"n\n1\n"_s);
+    EXPECT_EQ(batch(dir, {u"clear-season"_s}).status, 0);
+    EXPECT_EQ(batch(dir, {u"sql"_s, u"SELECT count(*) as n FROM team_results_summary"_s}).out, u"n\n0\n"_s);
+
+    EXPECT_EQ(batch(dir, {u"clear-posting"_s, u"many"_s}).status, 2);
+    EXPECT_EQ(batch(dir, {u"frobnicate"_s}).status, 2);
+    EXPECT_EQ(batch(dir, {}).status, 2);
+}
+
+} // namespace
