@@ -260,7 +260,11 @@ bool IDatabase::execute(const QString& statement)
 {
     sqlite3* db = currentDatabase();
     QString error = kClosedDescription;
-    if (db && exec(db, jet_dialect(statement).toUtf8().constData(), &error))
+    const QString sql = jet_dialect(statement);
+    // A statement with nothing in it cannot run; the engine alone would accept it silently.
+    if (db && sql.trimmed().isEmpty())
+        error = QStringLiteral("Invalid SQL statement; expected 'DELETE', 'INSERT', 'PROCEDURE', 'SELECT', or 'UPDATE'.");
+    else if (db && exec(db, sql.toUtf8().constData(), &error))
         return true;
     messageBox(QStringLiteral("Error = ") + error + QStringLiteral(" SQL = ") + statement, QStringLiteral("Lapkeeper"),
                Icon::Critical);

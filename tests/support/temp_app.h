@@ -1,4 +1,5 @@
 #pragma once
+#include "support/qt_printers.h"
 #include "support/recording_presenter.h"
 
 #include <QString>
