@@ -1,0 +1,84 @@
+#include "shell/startup.h"
+#include "shell/app_globals.h"
+#include "shell/messages.h"
+#include "shell/settings.h"
+#include "store/connection.h"
+#include "store/maintenance.h"
+#include "store/runtime_error.h"
+#include "store/schema.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <cmath>
+
+cInstanceGuard::cInstanceGuard() = default;
+
+cInstanceGuard::~cInstanceGuard() = default;
+
+QString cInstanceGuard::lockFilePath()
+{
+    return applicationFolder() + QStringLiteral("/.lapkeeper.lock");
+}
+
+bool cInstanceGuard::acquire()
+{
+    if (isHeld())
+        return true;
+    // The guard runs before the folders are made: on a first start the folder is new.
+    QDir().mkpath(applicationFolder());
+    auto lock = std::make_unique<QLockFile>(lockFilePath());
+    // A lock is stale only when its process is gone, never by its age: a run lasts for hours.
+    lock->setStaleLockTime(0);
+    if (!lock->tryLock(0))
+        return false;
+    m_lock = std::move(lock);
+    return true;
+}
+
+bool cInstanceGuard::isHeld() const
+{
+    return m_lock && m_lock->isLocked();
+}
+
+void prepareApplicationFolder()
+{
+    QDir().mkpath(applicationFolder());
+    QDir::setCurrent(applicationFolder());
+    if (!makeApplicationFolders())
+        throw cRuntimeError(75, QStringLiteral("Path/File access error"));
+}
+
+bool openOrCreateDatabase()
+{
+    if (!QFileInfo::exists(dataFilePath())) {
+        QString error;
+        if (!createDataFile(dataFilePath(), error)) {
+            messageBox(error, QStringLiteral("Lapkeeper"), Icon::Critical);
+            messageBox(QStringLiteral("Unable to connect to Database"), QStringLiteral("Lapkeeper"), Icon::Critical);
+            return false;
+        }
+    }
+    return openDatabase();
+}
+
+void finishRun()
+{
+    showHelp(QStringLiteral("Quit"));
+    saveSettings();
+    backupDatabase(gBackupsPath + u'/' + kDataFileName);
+    if (gConnection)
+        gConnection->CloseConnection();
+}
+
+int twipsToPixels(int twips, double dotsPerInch)
+{
+    return static_cast<int>(std::lround(twips * dotsPerInch / kTwipsPerInch));
+}
+
+int pixelsToTwips(int pixels, double dotsPerInch)
+{
+    if (dotsPerInch <= 0)
+        return 0;
+    return static_cast<int>(std::lround(pixels * kTwipsPerInch / dotsPerInch));
+}
