@@ -1,6 +1,11 @@
 // lapkeeper-batch: the program's core without a window, for operators who automate
 // (a cron job that posts and publishes) and for acceptance tests.
+#include "league/league.h"
+#include "racing/posting.h"
+#include "racing/races.h"
 #include "racing/results.h"
+#include "racing/scoring_points.h"
+#include "racing/standings.h"
 #include "shell/app_globals.h"
 #include "shell/console_presenter.h"
 #include "store/connection.h"
@@ -26,8 +31,12 @@ const char* const kUsageText =
     "commands:\n"
     "  init                          create the data file with its delivered rows if it is missing\n"
     "  sql \"STATEMENT\"               run one statement; a SELECT prints a header and its rows\n"
+    "  post RACE_NMBR [--later yes|no]\n"
+    "                                post a race; --later answers each \"post results for ... now?\" (default no)\n"
     "  clear-posting RACE_NMBR       delete what posting wrote for one race\n"
-    "  clear-season                  delete the postings of every race\n";
+    "  clear-season                  delete the postings of every race\n"
+    "  standings LEAGUE_NMBR RACE_NMBR\n"
+    "                                the league's table after the race: place, team, name, points\n";
 
 int usage(const QString& problem = {})
 {
@@ -80,6 +89,36 @@ int runSql(const QString& statement)
     return kOk;
 }
 
+int runPost(int16_t raceNmbr, const ConsolePresenter& console)
+{
+    cRaces race;
+    if (race.load(raceNmbr) != 1) {
+        std::fprintf(stderr, "lapkeeper-batch: no race %d\n", raceNmbr);
+        return kFailed;
+    }
+    const int before = console.failures();
+    postResults(race);
+    return console.failures() == before ? kOk : kFailed;
+}
+
+int runStandings(int16_t leagueNmbr, int16_t raceNmbr)
+{
+    cLeague league;
+    if (league.load(leagueNmbr) != 1) {
+        std::fprintf(stderr, "lapkeeper-batch: no league %d\n", leagueNmbr);
+        return kFailed;
+    }
+    cScoringPointsCollection method;
+    method.load(league.scoringTypeNmbr());
+    cLeagueStandingsCollection table;
+    table.load(leagueNmbr, raceNmbr, method.highScore());
+    QTextStream out(stdout);
+    int position = 0;
+    for (const cLeagueStandings& line : table)
+        out << ++position << u'\t' << line.teamNmbr() << u'\t' << line.teamName() << u'\t' << line.points() << u'\n';
+    return kOk;
+}
+
 int runCommand(const QStringList& args, const ConsolePresenter& console)
 {
     const QString command = args.value(0);
@@ -94,12 +133,25 @@ int runCommand(const QStringList& args, const ConsolePresenter& console)
             return usage(u"clear-posting takes a race number"_s);
         return cResultsCollection().deletePosting(race) ? kOk : kFailed;
     }
+    if (command == u"post") {
+        int16_t race = 0;
+        if ((args.size() != 2 && args.size() != 4) || !readNumber(args[1], race))
+            return usage(u"post takes a race number"_s);
+        return runPost(race, console);
+    }
+    if (command == u"standings") {
+        int16_t league = 0;
+        int16_t race = 0;
+        if (args.size() != 3 || !readNumber(args[1], league) || !readNumber(args[2], race))
+            return usage(u"standings takes a league number and a race number"_s);
+        return runStandings(league, race);
+    }
     if (command == u"clear-season") {
         if (args.size() != 1)
             return usage();
-        const auto before = console.shown().size();
+        const int before = console.failures();
         clearPostingsForNewSeason();
-        return console.shown().size() == before ? kOk : kFailed;
+        return console.failures() == before ? kOk : kFailed;
     }
     return usage(u"unknown command: "_s + command);
 }
@@ -122,7 +174,14 @@ int main(int argc, char* argv[])
     if (args.isEmpty() || args[0] == u"--help" || args[0] == u"-h")
         return usage();
 
-    ConsolePresenter console;
+    // "post ... --later yes|no" answers every question about later races.
+    Answer later = Answer::No;
+    if (args.value(0) == u"post" && args.size() == 4) {
+        if (args[2] != u"--later" || (args[3] != u"yes" && args[3] != u"no"))
+            return usage(u"--later takes yes or no"_s);
+        later = args[3] == u"yes" ? Answer::Yes : Answer::No;
+    }
+    ConsolePresenter console(later);
     installPresenter(&console);
     setApplicationFolder(appDir);
     if (!makeApplicationFolders()) {

@@ -5,6 +5,8 @@
 Answer ConsolePresenter::messageBox(const QString& text, const QString& title, Icon, Buttons buttons)
 {
     m_shown << text;
+    if (buttons == Buttons::Ok)
+        ++m_failures;
     std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
     switch (buttons) {
     case Buttons::YesNo:

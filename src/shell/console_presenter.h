@@ -9,8 +9,9 @@ class ConsolePresenter final : public IPresenter {
 public:
     explicit ConsolePresenter(Answer questionAnswer = Answer::No) : m_questionAnswer(questionAnswer) {}
 
-    // Every box shown so far (its text), so the tool can tell whether something failed.
+    // Every box shown so far (its text), and those that were no question: the failures.
     const QStringList& shown() const { return m_shown; }
+    int failures() const { return m_failures; }
 
     Answer messageBox(const QString& text, const QString& title, Icon icon, Buttons buttons) override;
     void beep() override {}
@@ -27,4 +28,5 @@ private:
     Answer m_questionAnswer;
     QStringList m_shown;
     int16_t m_pointer = 0;
+    int m_failures = 0;
 };

@@ -4,11 +4,10 @@
 // file dialogs.
 #include "shell/messages.h"
 
+#include <QLabel>
 #include <QPointer>
-
-class QLabel;
-class QProgressBar;
-class QStatusBar;
+#include <QProgressBar>
+#include <QStatusBar>
 
 // Turns the filter "Lapkeeper Data File (*.lk)|*.lk|" (description|pattern|...) into the form of
 // the file dialog, "Lapkeeper Data File (*.lk)"; several pairs are joined with ";;".

@@ -49,8 +49,8 @@ TEST(BatchTool, clear_commands_remove_postings_and_bad_usage_exits_2)
 {
     QTemporaryDir dir;
     ASSERT_EQ(batch(dir, {u"init"_s}).status, 0);
-    for (const char* sql : {"INSERT INTO races (race_nmbr, race_name, race_dt) VALUES (500, 'A', '2002-01-01')",
-                            "INSERT INTO races (race_nmbr, race_name, race_dt) VALUES (501, 'B', '2002-01-08')",
+    for (const char* sql : {"INSERT INTO races VALUES (500, 'A', 'T', '2002-01-01', 1, 1, 2)",
+                            "INSERT INTO races VALUES (501, 'B', 'T', '2002-01-08', 1, 1, 2)",
                             "INSERT INTO team_results (race_nmbr, league_nmbr, team_nmbr, car_nmbr) VALUES (500, 1, 1, 1)",
                             "INSERT INTO team_results (race_nmbr, league_nmbr, team_nmbr, car_nmbr) VALUES (501, 1, 1, 1)",
                             "INSERT INTO team_results_summary VALUES (501, 1, 1, 0, 1)"})
@@ -63,6 +63,52 @@ TEST(BatchTool, clear_commands_remove_postings_and_bad_usage_exits_2)
     EXPECT_EQ(batch(dir, {u"clear-posting"_s, u"many"_s}).status, 2);
     EXPECT_EQ(batch(dir, {u"frobnicate"_s}).status, 2);
     EXPECT_EQ(batch(dir, {}).status, 2);
+}
+
+} // namespace
+
+namespace {
+
+TEST(BatchTool, posts_races_and_prints_the_standings)
+{
+    QTemporaryDir dir;
+    ASSERT_EQ(batch(dir, {u"init"_s}).status, 0);
+    const char* season[] = {
+        "INSERT INTO scoring_type VALUES (500, 'M', 0, 0, 0)",
+        "INSERT INTO scoring_points VALUES (500, 1, 10, 0)",
+        "INSERT INTO scoring_points VALUES (500, 2, 6, 0)",
+        "INSERT INTO leagues VALUES (500, 'League', 'L', 1, 1, 500, 0, 0, 1)",
+        "INSERT INTO teams VALUES (500, 'Ants', 'A', '', '', 1, 1, '', '', '', '', '')",
+        "INSERT INTO teams VALUES (501, 'Bees', 'B', '', '', 1, 1, '', '', '', '', '')",
+        "INSERT INTO league_teams VALUES (500, 500)",
+        "INSERT INTO league_teams VALUES (500, 501)",
+        "INSERT INTO cars VALUES (500, '1', 'o', 'm', 's', 'd', 1, 1, 1, 10)",
+        "INSERT INTO cars VALUES (501, '2', 'o', 'm', 's', 'd', 1, 1, 1, 10)",
+        "INSERT INTO team_car VALUES (500, 500, '2002-01-01', NULL, 0, 0, 1)",
+        "INSERT INTO team_car VALUES (501, 501, '2002-01-01', NULL, 0, 0, 1)",
+        "INSERT INTO races VALUES (500, 'First', 'T', '2002-02-01', 1, 1, 2)",
+        "INSERT INTO races VALUES (501, 'Second', 'T', '2002-02-08', 1, 1, 2)",
+        "INSERT INTO results VALUES (500, 500, 1, 1, 0, 0, 0)",
+        "INSERT INTO results VALUES (500, 501, 2, 2, 0, 0, 0)",
+        "INSERT INTO results VALUES (501, 500, 2, 1, 0, 0, 0)",
+        "INSERT INTO results VALUES (501, 501, 1, 2, 0, 0, 0)",
+    };
+    for (const char* sql : season)
+        ASSERT_EQ(batch(dir, {u"sql"_s, QString::fromUtf8(sql)}).status, 0) << sql;
+
+    EXPECT_EQ(batch(dir, {u"post"_s, u"501"_s}).status, 0);
+    EXPECT_EQ(batch(dir, {u"post"_s, u"500"_s, u"--later"_s, u"yes"_s}).status, 0);
+    EXPECT_EQ(batch(dir, {u"standings"_s, u"500"_s, u"500"_s}).out, u"1\t500\tAnts\t10\n2\t501\tBees\t6\n"_s);
+    EXPECT_EQ(batch(dir, {u"standings"_s, u"500"_s, u"501"_s}).out, u"1\t500\tAnts\t16\n2\t501\tBees\t16\n"_s);
+
+    // Answering no to the later race takes its posting away.
+    const BatchRun reposted = batch(dir, {u"post"_s, u"500"_s});
+    EXPECT_EQ(reposted.status, 0);
+    EXPECT_EQ(reposted.err, u"Lapkeeper: Do you want to post results for Second now?\n"_s);
+    EXPECT_EQ(batch(dir, {u"sql"_s, u"SELECT count(*) as n FROM team_results WHERE race_nmbr = 501"_s}).out, u"n\n0\n"_s);
+
+    EXPECT_EQ(batch(dir, {u"post"_s, u"999"_s}).status, 1);
+    EXPECT_EQ(batch(dir, {u"post"_s, u"500"_s, u"--later"_s, u"maybe"_s}).status, 2);
 }
 
 } // namespace
