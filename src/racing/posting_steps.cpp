@@ -10,6 +10,8 @@
 #include "racing/team_results.h"
 #include "shell/messages.h"
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -116,11 +118,15 @@ bool cTeamResults::setQualPointsBonus(const cLeague& league, const cRaces& race)
         return true;
     cTeamResultsCollection rows;
     rows.load(league.leagueNmbr(), race.raceNmbr());
+    QSet<int16_t> done;
     for (const cTeamResults& row : rows) {
         const int16_t points = qual.qualPointsForPlace(row.qualified());
-        // Keyed by the qualifying position, not the car: a repeat for a second row is harmless.
-        if (points != 0 &&
-            !m_db.execute(u" UPDATE team_results  SET qual_points = ( "_s + n(points) +
+        // Keyed by the qualifying position, not the car: one statement sets every row of that
+        // position, so a position already set is not set again.
+        if (points == 0 || done.contains(row.qualified()))
+            continue;
+        done.insert(row.qualified());
+        if (!m_db.execute(u" UPDATE team_results  SET qual_points = ( "_s + n(points) +
                           u")  WHERE team_results.qualified = "_s + n(row.qualified()) +
                           u" AND team_results.race_nmbr = "_s + n(race.raceNmbr()) +
                           u" AND team_results.league_nmbr = "_s + n(league.leagueNmbr())))

@@ -62,25 +62,19 @@ bool cTeamResultsSummary::postForLeague(const cLeague& league, const cRaces& rac
         u" From team_results WHERE team_results.race_nmbr = "_s + raceText + u" AND team_results.league_nmbr = "_s +
         leagueText + u" GROUP BY league_nmbr, team_nmbr "_s);
 
-    // A team that joined late, or had an empty roster, gets a 0 line for every earlier race.
-    cRacesCollection earlier;
-    earlier.loadPreviouRacesWithResults(race.raceNmbr());
-    cLeagueTeamsCollection members;
-    members.load(league.leagueNmbr());
-    for (const cRaces& previous : earlier) {
-        for (const cLeagueTeams& member : members) {
-            cTeamResultsSummaryCollection existing;
-            if (existing.load(league.leagueNmbr(), previous.raceNmbr(), member.teamNmbr()) > 0)
-                continue;
-            cTeamResultsSummary filler;
-            filler.setLeagueNmbr(league.leagueNmbr());
-            filler.setPoints(0);
-            filler.setRaceNmbr(previous.raceNmbr());
-            filler.setTeamNmbr(member.teamNmbr());
-            filler.setTeamPlace(0);
-            filler.insertRow();
-        }
-    }
+    // A team that joined late, or had an empty roster, gets a 0 line for every earlier race of
+    // the type that has a winner (the races loadPreviouRacesWithResults lists), when it has none.
+    // One statement finds and writes them all; the summary's key skips a race listed twice.
+    m_db.execute(u" INSERT INTO team_results_summary  (race_nmbr, team_nmbr, league_nmbr, points, team_place)  SELECT DISTINCT races.race_nmbr, league_teams.team_nmbr, "_s +
+                 leagueText +
+                 u", 0, 0  FROM races, results, league_teams, teams  WHERE races.race_dt <    (SELECT race_dt    FROM races    WHERE race_nmbr = "_s +
+                 raceText +
+                 u")  AND races.race_type_nmbr =    (SELECT race_type_nmbr    FROM races    WHERE race_nmbr = "_s +
+                 raceText +
+                 u")  AND races.race_nmbr = results.race_nmbr  AND results.place = 1  AND league_teams.league_nmbr = "_s +
+                 leagueText +
+                 u"  AND teams.team_nmbr = league_teams.team_nmbr  AND NOT EXISTS (SELECT *  FROM team_results_summary s  WHERE s.league_nmbr = "_s +
+                 leagueText + u"  AND s.race_nmbr = races.race_nmbr  AND s.team_nmbr = league_teams.team_nmbr)"_s);
     return posted;
 }
 

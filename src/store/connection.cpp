@@ -5,6 +5,7 @@
 #include "store/jet_dialect.h"
 #include "store/runtime_error.h"
 #include "store/schema.h"
+#include "store/statement_shape.h"
 
 #include <sqlite3.h>
 
@@ -134,8 +135,55 @@ bool cWorkspace::Rollback()
 
 cConnection::~cConnection()
 {
+    finalizeStatements();
     if (m_db)
         sqlite3_close_v2(m_db);
+}
+
+void cConnection::finalizeStatements()
+{
+    for (sqlite3_stmt* stmt : std::as_const(m_statements))
+        sqlite3_finalize(stmt);
+    m_statements.clear();
+}
+
+bool cConnection::runShaped(const StatementShape& shape, QString& error)
+{
+    if (!m_db)
+        return false;
+    sqlite3_stmt* stmt = m_statements.value(shape.text);
+    if (!stmt) {
+        if (sqlite3_prepare_v2(m_db, shape.text.constData(), static_cast<int>(shape.text.size()), &stmt, nullptr) !=
+                SQLITE_OK ||
+            !stmt) {
+            error = engineMessage(m_db);
+            sqlite3_finalize(stmt);
+            return false;
+        }
+        if (m_statements.size() >= 256)
+            finalizeStatements();
+        m_statements.insert(shape.text, stmt);
+    }
+    int index = 1;
+    for (const StatementShape::Value& value : shape.values) {
+        if (const auto* whole = std::get_if<int64_t>(&value))
+            sqlite3_bind_int64(stmt, index, *whole);
+        else if (const auto* real = std::get_if<double>(&value))
+            sqlite3_bind_double(stmt, index, *real);
+        else {
+            const QByteArray& text = std::get<QByteArray>(value);
+            sqlite3_bind_text(stmt, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+        }
+        ++index;
+    }
+    int rc = SQLITE_ROW;
+    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+    }
+    if (rc != SQLITE_DONE)
+        error = engineMessage(m_db);
+    sqlite3_reset(stmt);
+    sqlite3_clear_bindings(stmt);
+    return rc == SQLITE_DONE;
 }
 
 int16_t cConnection::openAccessConnection()
@@ -148,7 +196,8 @@ int16_t cConnection::openAccessConnection()
     // WAL with NORMAL sync keeps the many small statements of posting fast.
     // A file of another schema is refused before anything is written to it.
     if (db && !(exec(db, "PRAGMA locking_mode = EXCLUSIVE;", &error) && verifySchema(db, error) &&
-                exec(db, "PRAGMA journal_mode = WAL;", &error) && exec(db, "PRAGMA synchronous = NORMAL;", &error))) {
+                exec(db, "PRAGMA journal_mode = WAL;", &error) && exec(db, "PRAGMA synchronous = NORMAL;", &error) &&
+                exec(db, "PRAGMA cache_size = -65536;", &error) && exec(db, "PRAGMA temp_store = MEMORY;", &error))) {
         sqlite3_close_v2(db);
         db = nullptr;
     }
@@ -164,6 +213,7 @@ int16_t cConnection::openAccessConnection()
 
 void cConnection::CloseConnection()
 {
+    finalizeStatements();
     if (m_db) {
         // Leave one single file behind: fold the journal back and drop it.
         exec(m_db, "PRAGMA wal_checkpoint(TRUNCATE);");
@@ -262,10 +312,19 @@ bool IDatabase::execute(const QString& statement)
     QString error = kClosedDescription;
     const QString sql = jet_dialect(statement);
     // A statement with nothing in it cannot run; the engine alone would accept it silently.
-    if (db && sql.trimmed().isEmpty())
+    if (db && sql.trimmed().isEmpty()) {
         error = QStringLiteral("Invalid SQL statement; expected 'DELETE', 'INSERT', 'PROCEDURE', 'SELECT', or 'UPDATE'.");
-    else if (db && exec(db, sql.toUtf8().constData(), &error))
-        return true;
+    } else if (db) {
+        const QByteArray utf8 = sql.toUtf8();
+        StatementShape shape;
+        if (shapeStatement(utf8, shape) && gConnection->runShaped(shape, error))
+            return true;
+        // A statement the shape cannot take, or that failed, runs as written, so a failure
+        // reports the engine's words about the statement itself.
+        error.clear();
+        if (exec(db, utf8.constData(), &error))
+            return true;
+    }
     messageBox(QStringLiteral("Error = ") + error + QStringLiteral(" SQL = ") + statement, QStringLiteral("Lapkeeper"),
                Icon::Critical);
     return false;

@@ -1,6 +1,7 @@
 #pragma once
 #include "store/variant.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -9,6 +10,8 @@
 #include <vector>
 
 struct sqlite3;
+struct sqlite3_stmt;
+struct StatementShape;
 
 // The transaction trio of the connection. Five list replacements use it; nothing nests.
 class cWorkspace {
@@ -38,8 +41,15 @@ public:
     cWorkspace& getWorkSpace() { return m_workspace; }
     QString getUserID() const { return m_userId; }
 
+    // Runs an action statement of a known shape with its values bound, reusing the prepared
+    // statement of that shape. False with the engine's description when it fails.
+    bool runShaped(const StatementShape& shape, QString& error);
+
 private:
+    void finalizeStatements();
+
     sqlite3* m_db = nullptr;
+    QHash<QByteArray, sqlite3_stmt*> m_statements;   // prepared statements by shape
     cWorkspace m_workspace;
     int16_t m_status = 0;
     QString m_userId;

@@ -53,6 +53,15 @@ QString rewriteStatementHead(QString sql)
                                                QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression update(QStringLiteral(R"(^(\s*UPDATE)(\s+)(?!OR\b))"),
                                            QRegularExpression::CaseInsensitiveOption);
+    qsizetype start = 0;
+    while (start < sql.size() && sql.at(start).isSpace())
+        ++start;
+    const QStringView head = QStringView(sql).mid(start, 6);
+    const bool mayRewrite = head.compare(u"DELETE", Qt::CaseInsensitive) == 0 ||
+                            head.compare(u"INSERT", Qt::CaseInsensitive) == 0 ||
+                            head.compare(u"UPDATE", Qt::CaseInsensitive) == 0;
+    if (!mayRewrite)
+        return sql;
     if (auto m = deleteStar.match(sql); m.hasMatch())
         return sql.replace(m.capturedStart(), m.capturedLength(), m.captured(1) + u' ' + m.captured(2));
     if (auto m = insertInto.match(sql); m.hasMatch())
@@ -159,8 +168,13 @@ bool rewriteOneRightJoin(QString& sql)
 
 QString jet_dialect(const QString& statement)
 {
-    QString sql = rewriteStatementHead(replaceDateLiterals(statement));
-    for (int guard = 0; guard < 16 && rewriteOneRightJoin(sql); ++guard) {
+    // Most statements need nothing but the head rewrite; the searches below only run when the
+    // text holds what they look for.
+    QString sql = statement.contains(u'#') ? replaceDateLiterals(statement) : statement;
+    sql = rewriteStatementHead(sql);
+    if (sql.contains(QStringLiteral("RIGHT"), Qt::CaseInsensitive)) {
+        for (int guard = 0; guard < 16 && rewriteOneRightJoin(sql); ++guard) {
+        }
     }
     return sql;
 }

@@ -1,4 +1,5 @@
 #include "store/maintenance.h"
+#include "racing/races.h"
 #include "racing/results.h"
 #include "shell/app_globals.h"
 #include "shell/messages.h"
@@ -100,15 +101,9 @@ void restoreDataFileCommand()
 
 void clearPostingsForNewSeason()
 {
-    IDatabase races;
-    if (!races.OpenResultSet(QStringLiteral("SELECT * FROM races")))
-        return;
-    std::vector<int16_t> raceNumbers;
-    while (!races.eof()) {
-        raceNumbers.push_back(races.fields(QStringLiteral("race_nmbr")).toInt16());
-        races.MoveNext();
-    }
+    cRacesCollection races;
+    races.load();
     cResultsCollection results;
-    for (const int16_t race : raceNumbers)
-        results.deletePosting(race);
+    for (const cRaces& race : races)
+        results.deletePosting(race.raceNmbr());
 }

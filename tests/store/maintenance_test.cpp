@@ -100,8 +100,7 @@ TEST(ClearPostings, removes_the_scored_rows_of_every_race_and_keeps_the_rest)
     TempApp app;
     IDatabase db;
     for (int race : {500, 501}) {
-        ASSERT_TRUE(db.execute(u"INSERT INTO races (race_nmbr, race_name, race_dt, race_type_nmbr, car_type_nmbr) "
-                               u"VALUES (%1, 'R', '2002-03-0%2', 1, 1)"_s.arg(race).arg(race - 499)));
+        ASSERT_TRUE(db.execute(u"INSERT INTO races VALUES (%1, 'R', 'T', '2002-03-0%2', 1, 1, 2)"_s.arg(race).arg(race - 499)));
         ASSERT_TRUE(db.execute(u"INSERT INTO results (race_nmbr, car_nmbr, place) VALUES (%1, 500, 1)"_s.arg(race)));
         ASSERT_TRUE(db.execute(u"INSERT INTO team_results (race_nmbr, league_nmbr, team_nmbr, car_nmbr, points) "
                                u"VALUES (%1, 500, 500, 500, 10)"_s.arg(race)));

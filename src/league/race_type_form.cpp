@@ -1,0 +1,98 @@
+#include "league/race_type_form.h"
+#include "league/race_type.h"
+#include "shell/gui_screen.h"
+#include "shell/messages.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+frmRaceType::frmRaceType(QWidget* parent)
+    : QDialog(parent)
+{
+    setObjectName(u"frmRaceType"_s);
+    setWindowTitle(u"Race Type - "_s);
+
+    txtName = new QLineEdit(this);
+    txtName->setObjectName(u"txtName"_s);
+    selectTextOnFocus(txtName);
+    auto* form = new QFormLayout;
+    form->addRow(u"Name:"_s, txtName);
+
+    cmdOK = new QPushButton(u"&OK"_s, this);
+    cmdOK->setObjectName(u"cmdOK"_s);
+    cmdOK->setDefault(true);
+    cmdCancel = new QPushButton(u"&Cancel"_s, this);
+    cmdCancel->setObjectName(u"cmdCancel"_s);
+    cmdCancel->setAutoDefault(false);
+    cmdApply = new QPushButton(u"&Apply"_s, this);
+    cmdApply->setObjectName(u"cmdApply"_s);
+    cmdApply->setAutoDefault(false);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+    buttons->addWidget(cmdApply);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addStretch();
+    layout->addLayout(buttons);
+    setMinimumWidth(340);
+
+    m_detail = new cDetailScreen(this, cmdApply,
+                                 {[this] { return saveRaceType(); },
+                                  [this] { return m_raceType->raceTypeName(); },
+                                  [this] { QDialog::accept(); }});
+    connect(txtName, &QLineEdit::textChanged, this, &frmRaceType::nameChanged);
+    connect(cmdApply, &QPushButton::clicked, this, [this] { m_detail->apply(); });
+    connect(cmdOK, &QPushButton::clicked, this, [this] { m_detail->ok(); });
+    connect(cmdCancel, &QPushButton::clicked, this, &frmRaceType::reject);
+}
+
+frmRaceType::~frmRaceType() = default;
+
+void frmRaceType::fill(cRaceType& raceType)
+{
+    m_raceType = &raceType;
+    txtName->setText(raceType.raceTypeName());
+    setWindowTitle(u"Race Type - "_s + raceType.raceTypeName());
+    m_detail->markSaved();
+}
+
+void frmRaceType::showWith(cRaceType& raceType)
+{
+    fill(raceType);
+    exec();
+}
+
+void frmRaceType::nameChanged(const QString& text)
+{
+    if (!isVisible())
+        return;
+    m_raceType->setRaceTypeName(text);
+    m_detail->markChanged();
+}
+
+bool frmRaceType::saveRaceType()
+{
+    if (txtName->text().trimmed().isEmpty()) {
+        messageBox(u"Name is a required field"_s, u"Lapkeeper"_s, Icon::Critical);
+        txtName->setFocus(Qt::OtherFocusReason);
+        return false;
+    }
+    return m_raceType->CommitChanges();
+}
+
+// Cancel, Escape and the close box: Yes saves and closes whatever the result.
+void frmRaceType::reject()
+{
+    if (m_raceType)
+        m_detail->cancel();
+    else
+        QDialog::reject();
+}
