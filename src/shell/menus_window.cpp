@@ -1,4 +1,12 @@
 #include "shell/main_window.h"
+#include "league/car.h"
+#include "league/car_form.h"
+#include "league/groups_form.h"
+#include "league/league.h"
+#include "league/league_form.h"
+#include "league/race_types_form.h"
+#include "league/team.h"
+#include "league/team_form.h"
 #include "shell/about_form.h"
 #include "shell/app_globals.h"
 #include "shell/messages.h"
@@ -382,9 +390,30 @@ void frmMain::refreshPane(RecordKind)
     // the pane's display with nothing to select comes with the list panes
 }
 
-void frmMain::newRecord(RecordKind)
+void frmMain::newRecord(RecordKind kind)
 {
-    // newLeague and its like come with the record commands
+    // A new record on its screen; the list panes and their refresh come with the record commands.
+    switch (kind) {
+    case RecordKind::League: {
+        cLeague league;
+        frmLeague(this).showWith(league);
+        break;
+    }
+    case RecordKind::Team: {
+        cTeam team;
+        frmTeam(this).showWith(team);
+        break;
+    }
+    case RecordKind::Car: {
+        cCar car;
+        frmCar(this).showWith(car);
+        break;
+    }
+    case RecordKind::Race:
+    case RecordKind::Scoring:
+        // the race and scoring method screens come with the race screen
+        break;
+    }
 }
 
 void frmMain::designRecord(RecordKind)
@@ -419,10 +448,10 @@ void frmMain::showReportDetails()
 
 void frmMain::showRaceTypes()
 {
-    // frmRaceTypes comes with the race type screens
+    frmRaceTypes(this).exec();
 }
 
 void frmMain::showGroups()
 {
-    // frmGroups comes with the group screens
+    frmGroups(this).exec();
 }
