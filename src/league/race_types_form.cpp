@@ -6,135 +6,40 @@
 #include "shell/messages.h"
 #include "store/runtime_error.h"
 
-#include <QEvent>
-#include <QHBoxLayout>
-#include <QHeaderView>
-#include <QKeyEvent>
-#include <QPushButton>
-#include <QTabWidget>
 #include <QTreeWidget>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-constexpr int kIndexRole = Qt::UserRole;   // position of the row's record in the list, from 1
-}
-
 frmRaceTypes::frmRaceTypes(QWidget* parent)
-    : QDialog(parent)
+    : frmReferenceList(parent, u"frmRaceTypes"_s, u"Race Types"_s, u"lvwRaceTypes"_s, {u"Race Type"_s})
 {
-    setObjectName(u"frmRaceTypes"_s);
-    setWindowTitle(u"Race Types"_s);
-
-    auto* tabs = new QTabWidget(this);
-    tabs->setObjectName(u"SSTab1"_s);
-    auto* page = new QWidget(tabs);
-    tabs->addTab(page, u"Race Types"_s);
-
-    lvwRaceTypes = new QTreeWidget(page);
-    lvwRaceTypes->setObjectName(u"lvwRaceTypes"_s);
-    lvwRaceTypes->setHeaderLabels({u"Race Type"_s});
-    lvwRaceTypes->setRootIsDecorated(false);
-    lvwRaceTypes->setAllColumnsShowFocus(true);
-    lvwRaceTypes->header()->setSectionsClickable(true);
-    lvwRaceTypes->installEventFilter(this);
-
-    auto button = [page](const QString& caption, const QString& name) {
-        auto* push = new QPushButton(caption, page);
-        push->setObjectName(name);
-        push->setAutoDefault(false);
-        return push;
-    };
-    cmdAdd = button(u"&Add"_s, u"cmdAdd"_s);
-    cmdUpdate = button(u"&Update"_s, u"cmdUpdate"_s);
-    cmdDelete = button(u"&Delete"_s, u"cmdDelete"_s);
-    auto* side = new QVBoxLayout;
-    side->addWidget(cmdAdd);
-    side->addWidget(cmdUpdate);
-    side->addWidget(cmdDelete);
-    side->addStretch();
-    auto* pageLayout = new QHBoxLayout(page);
-    pageLayout->addWidget(lvwRaceTypes, 1);
-    pageLayout->addLayout(side);
-
-    cmdOK = new QPushButton(u"&OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(u"&Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdCancel->setAutoDefault(false);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(tabs, 1);
-    layout->addLayout(buttons);
-    resize(400, 320);
-
-    connect(cmdAdd, &QPushButton::clicked, this, &frmRaceTypes::addRaceType);
-    connect(cmdUpdate, &QPushButton::clicked, this, &frmRaceTypes::updateRaceType);
-    connect(cmdDelete, &QPushButton::clicked, this, &frmRaceTypes::deleteRaceType);
-    connect(lvwRaceTypes, &QTreeWidget::itemDoubleClicked, this, &frmRaceTypes::updateRaceType);
-    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(lvwRaceTypes->header(), &QHeaderView::sectionClicked, this, [this](int column) {
-        const bool again = lvwRaceTypes->header()->sortIndicatorSection() == column;
-        const Qt::SortOrder order = again && lvwRaceTypes->header()->sortIndicatorOrder() == Qt::AscendingOrder
-                                        ? Qt::DescendingOrder
-                                        : Qt::AscendingOrder;
-        lvwRaceTypes->sortItems(column, order);
-    });
 }
 
 frmRaceTypes::~frmRaceTypes() = default;
 
-bool frmRaceTypes::event(QEvent* event)
-{
-    if (event->type() == QEvent::Show)
-        refreshList();
-    return QDialog::event(event);
-}
-
-bool frmRaceTypes::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == lvwRaceTypes && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
-        deleteRaceType();
-        return true;
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
 // A list that comes back empty leaves the rows as they were. The rows are sorted by name.
-void frmRaceTypes::refreshList(const QString& selectName)
+void frmRaceTypes::refreshRows(const QString& selectName)
 {
     auto raceTypes = std::make_unique<cRaceTypeCollection>();
     if (raceTypes->load() == 0)
         return;
     m_raceTypes = std::move(raceTypes);
-    lvwRaceTypes->clear();
+    list()->clear();
     QTreeWidgetItem* selected = nullptr;
     int index = 0;
     for (const cRaceType& raceType : *m_raceTypes) {
-        auto* row = new QTreeWidgetItem(lvwRaceTypes);
-        row->setText(0, raceType.raceTypeName());
-        row->setData(0, kIndexRole, ++index);
+        QTreeWidgetItem* row = addRow({raceType.raceTypeName()}, ++index);
         if (!selected && !selectName.isEmpty() && raceType.raceTypeName() == selectName)
             selected = row;
     }
-    lvwRaceTypes->sortItems(0, Qt::AscendingOrder);
-    lvwRaceTypes->setCurrentItem(selected ? selected : lvwRaceTypes->topLevelItem(0));
+    list()->sortItems(0, Qt::AscendingOrder);
+    list()->setCurrentItem(selected ? selected : list()->topLevelItem(0));
 }
 
 cRaceType* frmRaceTypes::selectedRaceType() const
 {
-    const QTreeWidgetItem* row = lvwRaceTypes->currentItem();
-    if (!row || !m_raceTypes)
-        return nullptr;
-    return &m_raceTypes->Item(row->data(0, kIndexRole).toInt());
+    const int index = selectedIndex();
+    return index > 0 && m_raceTypes ? &m_raceTypes->Item(index) : nullptr;
 }
 
 void frmRaceTypes::addRaceType()
@@ -148,7 +53,7 @@ void frmRaceTypes::addRaceType()
 void frmRaceTypes::updateRaceType()
 {
     cRaceType* raceType = selectedRaceType();
-    if (lvwRaceTypes->topLevelItemCount() == 0 || !raceType)
+    if (list()->topLevelItemCount() == 0 || !raceType)
         return;
     frmRaceType screen(this);
     screen.showWith(*raceType);

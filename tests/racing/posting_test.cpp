@@ -176,7 +176,10 @@ INSTANTIATE_TEST_SUITE_P(Counts, TopBonus,
                                            TopCase{3, 1, 0},    // N + 1 in the top: nothing
                                            TopCase{5, 3, 1},
                                            TopCase{3, 0, 0},    // has cars in the top
-                                           TopCase{0, 0, 1}));  // top 0 counts 0 cars: everybody is paid
+                                           TopCase{0, 0, 1}),   // top 0 counts 0 cars: everybody is paid
+                         [](const auto& info) {
+                             return "top" + std::to_string(info.param.top) + "_cars" + std::to_string(info.param.cars);
+                         });
 
 TEST_F(Posting, roster_dates_inactive_entries_and_shared_cars)
 {
