@@ -19,6 +19,18 @@ public:
     void setScoringTypeNmbr(int16_t value) { m_scoringTypeNmbr = value; }
     int16_t scoringTypeNmbr() const { return m_scoringTypeNmbr; }
 
+    // A working copy with the same five fields, the key included: saved, it updates the same row.
+    cScoringType copy() const;
+    // Deletes the method's own row only; its scoring_points and scoring_top_points rows stay.
+    bool deleteRow();
+    bool CommitChanges();   // inserts when the key is below 1, else updates
+    bool updateRow();
+    bool insertRow();       // allocates the key into the record first (never below 500)
+    int16_t load(int16_t scoringTypeNmbr);   // 1 when found, else 0 and the record unchanged
+    bool usesMostLapsLedBonus() const { return m_mostLapsLedBonus != 0; }
+    bool usesLapsLedBonus() const { return m_lapsLedBonus != 0; }
+    bool usesFastQualBonus() const { return m_fastQualBonus != 0; }
+
 private:
     IDatabase m_db;
     int16_t m_scoringTypeNmbr = 0;

@@ -1,14 +1,9 @@
 #include "shell/main_window.h"
-#include "league/car.h"
-#include "league/car_form.h"
 #include "league/groups_form.h"
-#include "league/league.h"
-#include "league/league_form.h"
 #include "league/race_types_form.h"
-#include "league/team.h"
-#include "league/team_form.h"
 #include "shell/about_form.h"
 #include "shell/app_globals.h"
+#include "shell/gui_record_commands.h"
 #include "shell/messages.h"
 #include "shell/record_kinds.h"
 #include "shell/settings.h"
@@ -342,35 +337,35 @@ void frmMain::arrangeIcons()
     }
 }
 
-// ---------------------------------------------------------------- commands of other screens
+// ---------------------------------------------------------------- list panes and record commands
 
 void frmMain::showLeagues()
 {
-    // the pane comes with the league screens
+    showRecordPane(RecordKind::League);
     layoutMain();
 }
 
 void frmMain::showTeams()
 {
-    // the pane comes with the team screens
+    showRecordPane(RecordKind::Team);
     layoutMain();
 }
 
 void frmMain::showCars()
 {
-    // the pane comes with the car and driver screens
+    showRecordPane(RecordKind::Car);
     layoutMain();
 }
 
 void frmMain::showRaces()
 {
-    // the pane comes with the race screens
+    showRecordPane(RecordKind::Race);
     layoutMain();
 }
 
 void frmMain::showScoring()
 {
-    // the pane comes with the scoring method screens
+    showRecordPane(RecordKind::Scoring);
     layoutMain();
 }
 
@@ -385,46 +380,27 @@ void frmMain::showPane(RecordKind kind)
     }
 }
 
-void frmMain::refreshPane(RecordKind)
+void frmMain::refreshPane(RecordKind kind)
 {
-    // the pane's display with nothing to select comes with the list panes
+    refreshRecordPane(kind);
 }
 
 void frmMain::newRecord(RecordKind kind)
 {
-    // A new record on its screen; the list panes and their refresh come with the record commands.
-    switch (kind) {
-    case RecordKind::League: {
-        cLeague league;
-        frmLeague(this).showWith(league);
-        break;
-    }
-    case RecordKind::Team: {
-        cTeam team;
-        frmTeam(this).showWith(team);
-        break;
-    }
-    case RecordKind::Car: {
-        cCar car;
-        frmCar(this).showWith(car);
-        break;
-    }
-    case RecordKind::Race:
-    case RecordKind::Scoring:
-        // the race and scoring method screens come with the race screen
-        break;
-    }
+    newRecordCommand(kind);
 }
 
-void frmMain::designRecord(RecordKind)
+void frmMain::designRecord(RecordKind kind)
 {
-    // designLeague and its like come with the record commands
+    designRecordCommand(kind);
 }
 
-void frmMain::deleteRecord(RecordKind)
+void frmMain::deleteRecord(RecordKind kind)
 {
-    // deleteLeague and its like come with the record commands
+    deleteRecordCommand(kind);
 }
+
+// ---------------------------------------------------------------- commands of other screens
 
 void frmMain::requestReport(const QString&)
 {
