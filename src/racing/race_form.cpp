@@ -1,0 +1,556 @@
+#include "racing/race_form.h"
+#include "league/car_type.h"
+#include "league/race_type.h"
+#include "racing/races.h"
+#include "racing/results.h"
+#include "shell/date_form.h"
+#include "shell/gui_screen.h"
+#include "shell/messages.h"
+#include "store/dates.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kTitle = u"Lapkeeper"_s;
+bool gHeadToHeadTabEnabled = false;
+
+} // namespace
+
+void frmRace::setHeadToHeadTabEnabled(bool enabled)
+{
+    gHeadToHeadTabEnabled = enabled;
+}
+
+bool frmRace::headToHeadTabEnabled()
+{
+    return gHeadToHeadTabEnabled;
+}
+
+bool frmRace::refuse(const QString& text, QWidget* focus)
+{
+    messageBox(text, kTitle, Icon::Critical);
+    if (focus)
+        focus->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+int16_t frmRace::itemNumber(const QComboBox* combo, int index)
+{
+    return static_cast<int16_t>(combo->itemData(index).toInt());
+}
+
+frmRace::frmRace(QWidget* parent)
+    : QDialog(parent)
+{
+    setObjectName(u"frmRace"_s);
+    setWindowTitle(u"Race - "_s);
+
+    SSTab1 = new QTabBar(this);
+    SSTab1->setObjectName(u"SSTab1"_s);
+    SSTab1->setDrawBase(false);
+    SSTab1->setExpanding(false);
+    m_pages = new QStackedWidget(this);
+    m_pages->setFrameShape(QFrame::StyledPanel);
+    SSTab1->addTab(u"Race"_s);
+    m_pages->addWidget(buildRaceTab());
+    SSTab1->addTab(u"Results"_s);
+    m_pages->addWidget(buildResultsTab());
+    SSTab1->addTab(u"Head to Head"_s);
+    m_pages->addWidget(buildHeadHeadTab());
+    // The pairings tab stays off unless the one setting switches it on.
+    SSTab1->setTabEnabled(kTabHeadHead, headToHeadTabEnabled());
+
+    cmdOK = new QPushButton(u"&OK"_s, this);
+    cmdOK->setObjectName(u"cmdOK"_s);
+    cmdOK->setDefault(true);
+    cmdCancel = new QPushButton(u"&Cancel"_s, this);
+    cmdCancel->setObjectName(u"cmdCancel"_s);
+    cmdCancel->setAutoDefault(false);
+    // Cancel takes no focus from a click, so a field that refuses to be left does not block it.
+    cmdCancel->setFocusPolicy(Qt::TabFocus);
+    cmdApply = new QPushButton(u"&Apply"_s, this);
+    cmdApply->setObjectName(u"cmdApply"_s);
+    cmdApply->setAutoDefault(false);
+    cmdApply->setEnabled(false);
+    pbStatus = new QProgressBar(this);
+    pbStatus->setObjectName(u"pbStatus"_s);
+    pbStatus->setRange(0, 100);
+    pbStatus->setTextVisible(false);
+    pbStatus->hide();
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(pbStatus, 1);
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+    buttons->addWidget(cmdApply);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(0);
+    layout->addWidget(SSTab1);
+    layout->addWidget(m_pages, 1);
+    layout->addSpacing(8);
+    layout->addLayout(buttons);
+
+    connect(SSTab1, &QTabBar::currentChanged, this, &frmRace::tabChanging);
+    connect(cmdOK, &QPushButton::clicked, this, &frmRace::okClicked);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmRace::reject);
+    connect(cmdApply, &QPushButton::clicked, this, [this] { saveRaceForm(); });
+}
+
+frmRace::~frmRace() = default;
+
+QWidget* frmRace::buildRaceTab()
+{
+    auto* page = new QWidget(this);
+    auto line = [page](const QString& name) {
+        auto* edit = new QLineEdit(page);
+        edit->setObjectName(name);
+        selectTextOnFocus(edit);
+        return edit;
+    };
+    txtRaceName = line(u"txtRaceName"_s);
+    txtTrackName = line(u"txtTrackName"_s);
+    txtRaceDate = line(u"txtRaceDate"_s);
+    cmdRaceDate = new QPushButton(u" . . . "_s, page);
+    cmdRaceDate->setObjectName(u"cmdRaceDate"_s);
+    cmdRaceDate->setAutoDefault(false);
+    cmbRaceType = new QComboBox(page);
+    cmbRaceType->setObjectName(u"cmbRaceType"_s);
+    cmbCarType = new QComboBox(page);
+    cmbCarType->setObjectName(u"cmbCarType"_s);
+
+    lblRaceName = new QLabel(u"Race Name:"_s, page);
+    lblRaceName->setObjectName(u"lblRaceName"_s);
+    lblRaceName->setBuddy(txtRaceName);
+    lblRaceName->installEventFilter(this);
+
+    txtRaceDate->setMaximumWidth(txtRaceDate->fontMetrics().horizontalAdvance(u"00/00/00000"_s) + 16);
+    cmdRaceDate->setMaximumWidth(cmdRaceDate->fontMetrics().horizontalAdvance(cmdRaceDate->text()) + 16);
+    auto* dateRow = new QHBoxLayout;
+    dateRow->addWidget(txtRaceDate);
+    dateRow->addWidget(cmdRaceDate);
+    dateRow->addStretch();
+
+    auto* form = new QFormLayout;
+    form->addRow(lblRaceName, txtRaceName);
+    form->addRow(u"Track Name:"_s, txtTrackName);
+    form->addRow(u"Race Date:"_s, dateRow);
+    form->addRow(u"Race Type:"_s, cmbRaceType);
+    form->addRow(u"Scoring By:"_s, cmbCarType);
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(form);
+    layout->addStretch();
+
+    connect(txtRaceName, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_race->setRaceName(text);
+        refreshCaption();
+        markRaceChanged();
+    });
+    connect(txtTrackName, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_race->setTrackName(text);
+        markRaceChanged();
+    });
+    connect(txtRaceDate, &QLineEdit::textChanged, this, &frmRace::markRaceChanged);
+    connect(cmdRaceDate, &QPushButton::clicked, this, &frmRace::raceDateClicked);
+    connect(cmbRaceType, &QComboBox::activated, this, &frmRace::raceTypeActivated);
+    connect(cmbCarType, &QComboBox::activated, this, &frmRace::carTypeActivated);
+    cValidateOnLeave::install(txtRaceDate, [this] { return raceDateLeft(); });
+    return page;
+}
+
+void frmRace::showWith(cRaces& race)
+{
+    fill(race);
+    exec();
+}
+
+void frmRace::fill(cRaces& race)
+{
+    m_race = &race;
+    m_filling = true;
+    m_cars = std::make_unique<cCarCollection>();
+    m_cars->load(race.raceTypeNmbr(), race.carTypeNmbr());
+    m_resultsLoaded = false;
+    txtRaceName->setText(race.raceName());
+    txtTrackName->setText(race.trackName());
+    txtRaceDate->setText(race.raceDate().isValid() ? shortDate(race.raceDate()) : QString());
+    fillRaceTypes();
+    fillCarTypes();
+    refreshCaption();
+    m_undoingTab = true;
+    SSTab1->setCurrentIndex(kTabRace);
+    m_undoingTab = false;
+    m_currentTab = kTabRace;
+    m_pages->setCurrentIndex(kTabRace);
+    cmdOK->setDefault(true);
+    fraResults->hide();
+    m_filling = false;
+    clearMarks();
+}
+
+void frmRace::fillRaceTypes()
+{
+    cRaceTypeCollection raceTypes;
+    raceTypes.load();
+    cmbRaceType->clear();
+    for (const cRaceType& raceType : raceTypes)
+        cmbRaceType->addItem(raceType.raceTypeName(), int(raceType.raceTypeNmbr()));
+    const bool named = !raceTypes.getRaceTypeName(cVariant(int(m_race->raceTypeNmbr()))).isEmpty();
+    cmbRaceType->setCurrentIndex(named ? cmbRaceType->findData(int(m_race->raceTypeNmbr())) : -1);
+}
+
+void frmRace::fillCarTypes()
+{
+    cCarTypeCollection carTypes;
+    carTypes.loadNoBonus();
+    cmbCarType->clear();
+    for (const cCarType& carType : carTypes)
+        cmbCarType->addItem(carType.carTypeName(), int(carType.carTypeNmbr()));
+    const bool named = !carTypes.getCarTypeName(m_race->carTypeNmbr()).isEmpty();
+    cmbCarType->setCurrentIndex(named ? cmbCarType->findData(int(m_race->carTypeNmbr())) : -1);
+}
+
+void frmRace::refreshCaption()
+{
+    setWindowTitle(u"Race - "_s + m_race->raceName());
+}
+
+void frmRace::markRaceChanged()
+{
+    if (!isVisible() || m_filling)
+        return;
+    m_raceChanged = true;
+    cmdApply->setEnabled(true);
+}
+
+void frmRace::markResultsChanged()
+{
+    if (!isVisible() || m_filling)
+        return;
+    m_resultsChanged = true;
+    cmdApply->setEnabled(true);
+}
+
+void frmRace::markPairingsChanged()
+{
+    if (!isVisible() || m_filling)
+        return;
+    m_pairingsChanged = true;
+    cmdApply->setEnabled(true);
+}
+
+void frmRace::clearMarks()
+{
+    m_raceChanged = false;
+    m_resultsChanged = false;
+    m_pairingsChanged = false;
+    cmdApply->setEnabled(false);
+}
+
+bool frmRace::anythingChanged() const
+{
+    return m_raceChanged || m_resultsChanged || m_pairingsChanged;
+}
+
+// A date is kept in the short form; blank passes here and is refused by the save.
+bool frmRace::raceDateLeft()
+{
+    const QString text = txtRaceDate->text().trimmed();
+    if (text.isEmpty())
+        return true;
+    const QDate date = parseDate(text);
+    if (!date.isValid()) {
+        messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
+        return false;
+    }
+    txtRaceDate->setText(shortDate(date));
+    m_race->setRaceDate(date);
+    markRaceChanged();
+    return true;
+}
+
+void frmRace::raceDateClicked()
+{
+    frmDate picker(this);
+    const QDate current = parseDate(txtRaceDate->text().trimmed());
+    picker.setSelectedDate(current.isValid() ? current : QDate::currentDate());
+    picker.adjustSize();
+    picker.move(txtRaceDate->mapToGlobal(QPoint(txtRaceDate->width() + cmdRaceDate->width(), 0)));
+    picker.exec();
+    if (!picker.dateChosen())
+        return;
+    txtRaceDate->setText(shortDate(picker.selectedDate()));
+    raceDateLeft();
+}
+
+// Race type and Score By decide which cars a result may hold, so they are fixed once results
+// are stored. The combo keeps showing the choice; the record keeps its value.
+void frmRace::raceTypeActivated(int index)
+{
+    if (index < 0)
+        return;
+    cResultsCollection results;
+    if (results.load(m_race->raceNmbr()) > 0) {
+        messageBox(u"Can not change Race Type while Results exist for the Race"_s, kTitle, Icon::Critical);
+        return;
+    }
+    m_race->setRaceTypeNmbr(itemNumber(cmbRaceType, index));
+    markRaceChanged();
+    m_cars = std::make_unique<cCarCollection>();
+    if (m_resultsLoaded)
+        fillCarList();
+}
+
+void frmRace::carTypeActivated(int index)
+{
+    if (index < 0)
+        return;
+    cResultsCollection results;
+    if (results.load(m_race->raceNmbr()) > 0) {
+        messageBox(u"Can not change Scoring By while Results exist for the Race"_s, kTitle, Icon::Critical);
+        return;
+    }
+    m_race->setCarTypeNmbr(itemNumber(cmbCarType, index));
+    markRaceChanged();
+    m_cars = std::make_unique<cCarCollection>();
+    if (m_resultsLoaded)
+        fillCarList();
+}
+
+void frmRace::showRaceNumber()
+{
+    messageBox(u"Race number is "_s + QString::number(m_race->raceNmbr()));
+}
+
+// The field's own leave check, when it has one; true otherwise.
+bool frmRace::runLeaveCheck(QWidget* field)
+{
+    if (!field)
+        return true;
+    auto* check = field->findChild<cValidateOnLeave*>(QString(), Qt::FindDirectChildrenOnly);
+    return !check || check->validateNow();
+}
+
+bool frmRace::saveRaceForm()
+{
+    if (!leaveCarChooser())
+        return false;
+    leaveTeamChooser();
+    if (m_raceChanged && !saveRaceChanges())
+        return false;
+    if (m_resultsChanged && !saveResultRows())
+        return false;
+    if (m_pairingsChanged && !savePairings())
+        return false;
+    clearMarks();
+    return true;
+}
+
+bool frmRace::saveRaceChanges()
+{
+    if (txtRaceName->text().trimmed().isEmpty())
+        return refuse(u"Race Name is a required field"_s, txtRaceName);
+    if (cmbRaceType->currentIndex() < 0 || cmbRaceType->currentText().trimmed().isEmpty())
+        return refuse(u"Race Type is a required field"_s, cmbRaceType);
+    if (cmbCarType->currentIndex() < 0 || cmbCarType->currentText().trimmed().isEmpty())
+        return refuse(u"Scoring By is a required field"_s, cmbCarType);
+    const QString dateText = txtRaceDate->text().trimmed();
+    if (dateText.isEmpty())
+        return refuse(u"Race Date is a required field"_s, txtRaceDate);
+    const QDate date = parseDate(dateText);
+    if (!date.isValid())
+        return refuse(u"A valid Race Date is a required field"_s, txtRaceDate);
+    // Only a new race is tested: an existing race may be moved onto a date that is taken.
+    if (m_race->raceNmbr() < 1) {
+        cRacesCollection races;
+        if (races.raceDateExistsForRaceType(date, m_race->raceTypeNmbr(), m_race->carTypeNmbr()))
+            return refuse(u"A Race already exists for this Date.\n"_s
+                          u"Only one Race can exist per date per Race Type and Scoring By."_s,
+                          txtRaceDate);
+    }
+    m_filling = true;
+    txtRaceDate->setText(shortDate(date));
+    m_filling = false;
+    m_race->setRaceDate(date);
+    return m_race->CommitChanges();
+}
+
+void frmRace::tabChanging(int index)
+{
+    if (m_undoingTab || index == m_currentTab)
+        return;
+    if (!leaveTab(m_currentTab)) {
+        m_undoingTab = true;
+        SSTab1->setCurrentIndex(m_currentTab);
+        m_undoingTab = false;
+        return;
+    }
+    m_currentTab = index;
+    enterTab(index);
+    m_pages->setCurrentIndex(index);
+    // Enter in a grid adds a row; only the tab "Race" closes the screen with it.
+    cmdOK->setDefault(index == kTabRace);
+    cmdOK->setAutoDefault(index == kTabRace);
+}
+
+bool frmRace::leaveTab(int tab)
+{
+    switch (tab) {
+    case kTabRace:
+        if (txtRaceName->text().trimmed().isEmpty())
+            return refuse(u"Race Name is a required field"_s, txtRaceName);
+        if (m_raceChanged) {
+            if (!saveRaceChanges())
+                return false;
+            m_raceChanged = false;
+            cmdApply->setEnabled(anythingChanged());
+        }
+        return true;
+    case kTabResults:
+        if (!leaveCarChooser())
+            return false;
+        if (m_resultsChanged && !saveResultRows())
+            return false;
+        if (m_raceChanged && !saveRaceChanges())
+            return false;
+        clearMarks();
+        return true;
+    case kTabHeadHead:
+        leaveTeamChooser();
+        if (m_pairingsChanged) {
+            if (!savePairings())
+                return false;
+            m_pairingsChanged = false;
+            cmdApply->setEnabled(anythingChanged());
+        }
+        return true;
+    default:
+        return true;
+    }
+}
+
+void frmRace::enterTab(int tab)
+{
+    if (tab == kTabResults)
+        enterResultsTab();
+    else if (tab == kTabHeadHead)
+        enterHeadHeadTab();
+}
+
+void frmRace::okClicked()
+{
+    if (cmdApply->isEnabled() && !saveRaceForm())
+        return;
+    closeForm(true);
+}
+
+void frmRace::reject()
+{
+    // A choice still open in a chooser counts as typed, so the question below knows of it.
+    leaveCarChooser(false);
+    leaveTeamChooser();
+    if (m_raceChanged || m_resultsChanged) {
+        const Answer answer = messageBox(u"Do you want to save changes"_s, m_race->raceName(), Icon::Question,
+                                         Buttons::YesNoCancel);
+        if (answer == Answer::Cancel)
+            return;
+        if (answer == Answer::Yes && !saveRaceForm())
+            return;
+    }
+    closeForm(false);
+}
+
+void frmRace::closeForm(bool accepted)
+{
+    m_cars.reset();
+    setStatusText();
+    if (accepted)
+        QDialog::accept();
+    else
+        QDialog::reject();
+}
+
+bool frmRace::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == lblRaceName) {
+        if (event->type() == QEvent::MouseButtonRelease && isVisible())
+            showRaceNumber();
+        return false;
+    }
+    if (!isVisible())
+        return false;
+
+    const QEvent::Type type = event->type();
+    if (type == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (watched == cmbCarNmbr) {
+            if (enter) {
+                addResultRow(m_carRow);
+                return true;
+            }
+            // The chooser stands outside the tab order: Tab goes on from the field it covers.
+            if ((key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) && m_carRow >= 0) {
+                const cResultRow& row = m_rows[static_cast<size_t>(m_carRow)];
+                const bool back = key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier);
+                (back ? static_cast<QWidget*>(row.txtPlace) : row.txtLapsLed)
+                    ->setFocus(back ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+                return true;
+            }
+            return false;
+        }
+        if (watched == cmbTeam) {
+            if (enter) {
+                addPairRow(m_teamRow);
+                return true;
+            }
+            return false;
+        }
+        if (enter) {
+            if (const int row = resultRowOf(watched); row >= 0) {
+                addResultRow(row);
+                return true;
+            }
+            if (const int row = pairRowOf(watched); row >= 0) {
+                addPairRow(row);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // A field takes the focus before it gets the press, so a press opens the chooser only on a
+    // field that already had the focus (or that a refusing chooser kept it from).
+    if (type == QEvent::FocusIn ||
+        (type == QEvent::MouseButtonPress && static_cast<QWidget*>(watched)->hasFocus())) {
+        if (const int row = resultRowOf(watched);
+            row >= 0 && watched == m_rows[static_cast<size_t>(row)].txtCarNmbr) {
+            enterCarChooser(row);
+        } else if (const int pair = pairRowOf(watched); pair >= 0) {
+            const cPairRow& cells = m_pairs[static_cast<size_t>(pair)];
+            if (watched == cells.txtTeam1)
+                enterTeamChooser(pair, 1);
+            else if (watched == cells.txtTeam2)
+                enterTeamChooser(pair, 2);
+        }
+    }
+    return false;
+}

@@ -1,0 +1,531 @@
+// The tab "Results" of the race screen: the grid of result rows with its one car chooser, the
+// field rules, and the commands on the race's results and posting.
+#include "league/car_form.h"
+#include "racing/posting.h"
+#include "racing/race_form.h"
+#include "racing/race_row_grid_form.h"
+#include "racing/races.h"
+#include "racing/results.h"
+#include "shell/app_globals.h"
+#include "shell/gui_presenter.h"
+#include "shell/gui_screen.h"
+#include "shell/messages.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kTitle = u"Lapkeeper"_s;
+
+// A grid number as typed: any numeric text, rounded to a whole number; nothing when it is not a
+// number or does not fit the column.
+std::optional<int16_t> entryNumber(const QString& text)
+{
+    bool ok = false;
+    const double value = text.trimmed().toDouble(&ok);
+    if (!ok || !std::isfinite(value))
+        return std::nullopt;
+    const double rounded = std::nearbyint(value);
+    if (rounded < std::numeric_limits<int16_t>::min() || rounded > std::numeric_limits<int16_t>::max())
+        return std::nullopt;
+    return static_cast<int16_t>(rounded);
+}
+
+} // namespace
+
+QWidget* frmRace::buildResultsTab()
+{
+    auto* page = new QWidget(this);
+    fraResults = new QFrame(page);
+    fraResults->setObjectName(u"fraResults"_s);
+
+    cmbRaceStatus = new QComboBox(fraResults);
+    cmbRaceStatus->setObjectName(u"cmbRaceStatus"_s);
+    auto* statusLabel = new QLabel(u"Result Status:"_s, fraResults);
+    statusLabel->setBuddy(cmbRaceStatus);
+
+    auto button = [this](const QString& name, const QString& text) {
+        auto* push = new QPushButton(text, fraResults);
+        push->setObjectName(name);
+        push->setAutoDefault(false);
+        return push;
+    };
+    cmdGetResults = button(u"cmdGetResults"_s, u"&Get Results"_s);
+    cmdPostResults = button(u"cmdPostResults"_s, u"&Post Results"_s);
+    cmdClearPosting = button(u"cmdClearPosting"_s, u"Clear P&osting"_s);
+    cmdClearResults = button(u"cmdClearResults"_s, u"Clear &Results"_s);
+    cmdAddNewCar = button(u"cmdAddNewCar"_s, u"Add &New Car"_s);
+
+    lblhitEnter = new QLabel(u"Hit Enter to Add Row."_s, fraResults);
+    lblhitEnter->setObjectName(u"lblhitEnter"_s);
+    // The hint keeps its room while hidden, so the grid does not jump when a chooser opens.
+    QSizePolicy hintPolicy = lblhitEnter->sizePolicy();
+    hintPolicy.setRetainSizeWhenHidden(true);
+    lblhitEnter->setSizePolicy(hintPolicy);
+    lblhitEnter->hide();
+
+    VScroll1 = new QScrollBar(Qt::Vertical, fraResults);
+    VScroll1->setObjectName(u"VScroll1"_s);
+    m_resultGrid = new cRowGrid({u"Place"_s, u"Car/Driver"_s, u"Laps Led"_s, u"Fastest Qualifier?"_s,
+                                 u"Qualified"_s, u"Adjustment"_s},
+                                {1, 6, 2, 0, 2, 2}, VScroll1, fraResults);
+    m_resultGrid->setObjectName(u"grdResults"_s);
+
+    cmbCarNmbr = new QComboBox(m_resultGrid);
+    cmbCarNmbr->setObjectName(u"cmbCarNmbr"_s);
+    cmbCarNmbr->setMaxVisibleItems(20);
+    cmbCarNmbr->hide();
+    cmbCarNmbr->installEventFilter(this);
+    cValidateOnLeave::install(cmbCarNmbr, [this] { return leaveCarChooser(); });
+
+    auto* status = new QHBoxLayout;
+    status->addWidget(statusLabel);
+    status->addWidget(cmbRaceStatus);
+    status->addStretch();
+
+    auto* grid = new QHBoxLayout;
+    grid->setSpacing(2);
+    grid->addWidget(m_resultGrid, 1);
+    grid->addWidget(VScroll1);
+
+    auto* left = new QVBoxLayout;
+    left->addLayout(status);
+    left->addSpacing(6);
+    left->addLayout(grid, 1);
+    left->addWidget(lblhitEnter);
+
+    auto* commands = new QVBoxLayout;
+    commands->addWidget(cmdGetResults);
+    commands->addWidget(cmdPostResults);
+    commands->addSpacing(12);
+    commands->addWidget(cmdClearPosting);
+    commands->addWidget(cmdClearResults);
+    commands->addSpacing(12);
+    commands->addWidget(cmdAddNewCar);
+    commands->addStretch();
+
+    auto* frame = new QHBoxLayout(fraResults);
+    frame->setContentsMargins(0, 0, 0, 0);
+    frame->addLayout(left, 1);
+    frame->addSpacing(6);
+    frame->addLayout(commands);
+
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(fraResults);
+
+    addRow(1);
+
+    connect(m_resultGrid, &cRowGrid::scrolled, this, [this] {
+        if (m_carRow >= 0 && cmbCarNmbr->isVisible()) {
+            if (m_resultGrid->isRowVisible(m_carRow))
+                placeCarChooser();
+            else
+                leaveCarChooser();
+        }
+    });
+    connect(cmbRaceStatus, &QComboBox::activated, this, &frmRace::raceStatusActivated);
+    connect(cmdGetResults, &QPushButton::clicked, this, &frmRace::getResultsClicked);
+    connect(cmdPostResults, &QPushButton::clicked, this, &frmRace::postResultsClicked);
+    connect(cmdClearPosting, &QPushButton::clicked, this, &frmRace::clearPostingClicked);
+    connect(cmdClearResults, &QPushButton::clicked, this, &frmRace::clearResultsClicked);
+    connect(cmdAddNewCar, &QPushButton::clicked, this, &frmRace::addNewCarClicked);
+    return page;
+}
+
+frmRace::cResultRow& frmRace::addRow(int16_t place)
+{
+    const bool filling = m_filling;
+    m_filling = true;
+    auto number = [this](const QString& name, const QString& text) {
+        auto* edit = new QLineEdit(text, m_resultGrid);
+        edit->setObjectName(name);
+        edit->setAlignment(Qt::AlignRight);
+        edit->setMinimumWidth(fontMetrics().horizontalAdvance(u"-00000"_s) + 12);
+        selectTextOnFocus(edit);
+        return edit;
+    };
+    cResultRow row;
+    row.txtPlace = number(u"txtPlace"_s, QString::number(place));
+    row.txtCarNmbr = new QLineEdit(m_resultGrid);
+    row.txtCarNmbr->setObjectName(u"txtCarNmbr"_s);
+    // The text comes from the chooser that opens over the field.
+    row.txtCarNmbr->setReadOnly(true);
+    row.txtLapsLed = number(u"txtLapsLed"_s, u"0"_s);
+    row.chkFastQual = new QCheckBox(m_resultGrid);
+    row.chkFastQual->setObjectName(u"chkFastQual"_s);
+    row.txtQualified = number(u"txtQualified"_s, u"0"_s);
+    row.txtAdjustment = number(u"txtAdjustment"_s, u"0"_s);
+    m_resultGrid->appendRow({row.txtPlace, row.txtCarNmbr, row.txtLapsLed, row.chkFastQual, row.txtQualified,
+                             row.txtAdjustment});
+    installRowRules(row);
+
+    QWidget* previous = m_rows.empty() ? nullptr : m_rows.back().txtAdjustment;
+    for (QWidget* cell : {static_cast<QWidget*>(row.txtPlace), static_cast<QWidget*>(row.txtCarNmbr),
+                          static_cast<QWidget*>(row.txtLapsLed), static_cast<QWidget*>(row.chkFastQual),
+                          static_cast<QWidget*>(row.txtQualified), static_cast<QWidget*>(row.txtAdjustment)}) {
+        if (previous)
+            setTabOrder(previous, cell);
+        previous = cell;
+    }
+    m_rows.push_back(row);
+    m_filling = filling;
+    return m_rows.back();
+}
+
+void frmRace::installRowRules(cResultRow& row)
+{
+    for (QLineEdit* edit : {row.txtPlace, row.txtCarNmbr, row.txtLapsLed, row.txtQualified, row.txtAdjustment}) {
+        edit->installEventFilter(this);
+        connect(edit, &QLineEdit::textChanged, this, &frmRace::markResultsChanged);
+    }
+    row.chkFastQual->installEventFilter(this);
+    connect(row.chkFastQual, &QCheckBox::clicked, this, &frmRace::markResultsChanged);
+    QLineEdit* place = row.txtPlace;
+    cValidateOnLeave::install(place, [this, place] { return placeLeft(place); });
+    for (QLineEdit* edit : {row.txtLapsLed, row.txtQualified, row.txtAdjustment})
+        cValidateOnLeave::install(edit, [this, edit] { return numberLeft(edit); });
+}
+
+void frmRace::removeRowsFrom(int index)
+{
+    if (m_carRow >= index) {
+        m_leavingChooser = true;
+        cmbCarNmbr->hide();
+        lblhitEnter->hide();
+        m_leavingChooser = false;
+        m_carRow = -1;
+    }
+    m_resultGrid->truncate(index);
+    m_rows.resize(static_cast<size_t>(m_resultGrid->rowCount()));
+}
+
+int frmRace::resultRowOf(const QObject* field) const
+{
+    return m_resultGrid->rowOf(field);
+}
+
+// A place is a number of 0 or above; blank stands for 0.
+bool frmRace::placeLeft(QLineEdit* field)
+{
+    const QString text = field->text().trimmed();
+    if (text.isEmpty()) {
+        field->setText(u"0"_s);
+        return true;
+    }
+    const std::optional<int16_t> place = entryNumber(text);
+    if (place && *place >= 0)
+        return true;
+    messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
+    field->clear();
+    return false;
+}
+
+// Laps led, qualifying place and adjustment take any number, negative ones too.
+bool frmRace::numberLeft(QLineEdit* field)
+{
+    const QString text = field->text().trimmed();
+    if (text.isEmpty()) {
+        field->setText(u"0"_s);
+        return true;
+    }
+    if (entryNumber(text))
+        return true;
+    messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
+    field->clear();
+    return false;
+}
+
+void frmRace::enterResultsTab()
+{
+    const bool applyBefore = cmdApply->isEnabled();
+    m_filling = true;
+    cRaceStatusCollection statuses;
+    statuses.load();
+    cmbRaceStatus->clear();
+    for (const cRaceStatus& status : statuses)
+        cmbRaceStatus->addItem(status.raceStatusName(), int(status.raceStatusNmbr()));
+    const bool named = !statuses.getraceStatusName(m_race->raceStatusNmbr()).isEmpty();
+    cmbRaceStatus->setCurrentIndex(named ? cmbRaceStatus->findData(int(m_race->raceStatusNmbr())) : -1);
+    m_filling = false;
+
+    if (!m_resultsLoaded)
+        loadResultRows();
+    m_resultsChanged = false;
+    cmdApply->setEnabled(applyBefore);
+    m_resultGrid->refresh();
+    fraResults->show();
+    setStatusText();
+}
+
+void frmRace::loadResultRows()
+{
+    setStatusText(u"Loading Results "_s + m_race->raceName());
+    fillCarList();
+    removeRowsFrom(1);
+    cResultsCollection results;
+    results.load(m_race->raceNmbr());
+
+    m_filling = true;
+    cResultRow* first = &m_rows.front();
+    first->txtPlace->setText(u"1"_s);
+    first->txtCarNmbr->clear();
+    first->carTag = 0;
+    for (QLineEdit* edit : {first->txtLapsLed, first->txtQualified, first->txtAdjustment})
+        edit->setText(u"0"_s);
+    first->chkFastQual->setChecked(false);
+
+    bool firstRow = true;
+    for (const cResults& result : results) {
+        cResultRow& row = firstRow ? m_rows.front() : addRow(result.place());
+        firstRow = false;
+        row.txtPlace->setText(QString::number(result.place()));
+        row.txtCarNmbr->setText(m_cars->getCarDisplay(result.carNmbr()));
+        row.carTag = result.carNmbr();
+        row.txtLapsLed->setText(QString::number(result.lapsLead()));
+        row.chkFastQual->setChecked(result.fastQual() != 0);
+        row.txtQualified->setText(QString::number(result.qualified()));
+        row.txtAdjustment->setText(QString::number(result.adjustment()));
+    }
+    m_filling = false;
+    m_resultsLoaded = true;
+    VScroll1->setValue(0);
+    m_resultGrid->refresh();
+}
+
+// The chooser lists the cars of the race's series and kind: drivers by name, cars by number.
+void frmRace::fillCarList()
+{
+    const bool filling = m_filling;
+    m_filling = true;
+    cmbCarNmbr->clear();
+    cmbCarNmbr->addItem(u" "_s, 0);
+    if (!m_cars)
+        m_cars = std::make_unique<cCarCollection>();
+    if (m_cars->Count() == 0)
+        m_cars->load(m_race->raceTypeNmbr(), m_race->carTypeNmbr());
+    for (const cCar& car : *m_cars)
+        cmbCarNmbr->addItem(car.carTypeNmbr() == 2 ? car.driverName() : car.carTxt(), int(car.carNmbr()));
+    m_filling = filling;
+}
+
+void frmRace::enterCarChooser(int row)
+{
+    if (m_leavingChooser || row < 0 || row >= static_cast<int>(m_rows.size()))
+        return;
+    if (cmbCarNmbr->isVisible()) {
+        if (m_carRow == row)
+            return;
+        if (!leaveCarChooser())
+            return;
+    }
+    m_resultGrid->ensureVisible(row);
+    m_carRow = row;
+    const QString text = m_rows[static_cast<size_t>(row)].txtCarNmbr->text().trimmed();
+    const bool filling = m_filling;
+    m_filling = true;
+    // A text that is not in the list (a car of another series) stays as it is unless a car is chosen.
+    cmbCarNmbr->setCurrentIndex(text.isEmpty() ? 0 : cmbCarNmbr->findText(text));
+    m_filling = filling;
+    placeCarChooser();
+    cmbCarNmbr->show();
+    cmbCarNmbr->raise();
+    cmbCarNmbr->setFocus(Qt::OtherFocusReason);
+    lblhitEnter->show();
+}
+
+void frmRace::placeCarChooser()
+{
+    if (m_carRow < 0)
+        return;
+    m_resultGrid->layout()->activate();
+    cmbCarNmbr->setGeometry(m_rows[static_cast<size_t>(m_carRow)].txtCarNmbr->geometry());
+}
+
+bool frmRace::leaveCarChooser(bool checkDuplicates)
+{
+    if (m_leavingChooser || m_carRow < 0 || !cmbCarNmbr->isVisible())
+        return true;
+    m_leavingChooser = true;
+    const int rowIndex = m_carRow;
+    cResultRow& row = m_rows[static_cast<size_t>(rowIndex)];
+    const int index = cmbCarNmbr->currentIndex();
+    if (index >= 0) {
+        const int16_t before = row.carTag;
+        row.carTag = itemNumber(cmbCarNmbr, index);
+        row.txtCarNmbr->setText(cmbCarNmbr->itemText(index));
+        if (row.carTag != before)
+            markResultsChanged();
+    }
+    const QString text = row.txtCarNmbr->text().trimmed();
+    if (cmbCarNmbr->hasFocus())
+        row.txtCarNmbr->setFocus(Qt::OtherFocusReason);
+    cmbCarNmbr->hide();
+    lblhitEnter->hide();
+    m_carRow = -1;
+    m_leavingChooser = false;
+
+    if (!checkDuplicates || text.isEmpty())
+        return true;
+    for (size_t other = 0; other < m_rows.size(); ++other) {
+        if (static_cast<int>(other) != rowIndex && m_rows[other].txtCarNmbr->text().trimmed() == text) {
+            messageBox(u"Car "_s + text + u" has already been used"_s, kTitle, Icon::Critical);
+            enterCarChooser(rowIndex);
+            return false;
+        }
+    }
+    return true;
+}
+
+// Enter in a row: on to the next row's car, or a new row below the last with the next place.
+void frmRace::addResultRow(int row)
+{
+    if (row < 0 || row >= static_cast<int>(m_rows.size()))
+        return;
+    QWidget* focused = QApplication::focusWidget();
+    if (focused != cmbCarNmbr && !runLeaveCheck(focused))
+        return;
+    if (!leaveCarChooser())
+        return;
+    if (row + 1 < static_cast<int>(m_rows.size())) {
+        m_resultGrid->ensureVisible(row + 1);
+        m_rows[static_cast<size_t>(row) + 1].txtCarNmbr->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    const int16_t place = entryNumber(m_rows[static_cast<size_t>(row)].txtPlace->text()).value_or(0);
+    cResultRow& added = addRow(place < std::numeric_limits<int16_t>::max() ? int16_t(place + 1) : place);
+    QLineEdit* car = added.txtCarNmbr;
+    m_resultGrid->ensureVisible(static_cast<int>(m_rows.size()) - 1);
+    car->setFocus(Qt::OtherFocusReason);
+}
+
+void frmRace::raceStatusActivated(int index)
+{
+    if (index < 0)
+        return;
+    m_race->setRaceStatusNmbr(itemNumber(cmbRaceStatus, index));
+    markRaceChanged();
+}
+
+bool frmRace::saveResultRows()
+{
+    if (!leaveCarChooser())
+        return false;
+    cResultsCollection list;
+    for (const cResultRow& row : m_rows) {
+        if (row.txtPlace->text().trimmed().isEmpty() || row.txtCarNmbr->text().trimmed().isEmpty())
+            continue;
+        // A field typed into and not left yet has had no check: refuse what would not convert.
+        const std::optional<int16_t> place = entryNumber(row.txtPlace->text());
+        if (!place || *place < 0)
+            return refuse(u"Invalid Entry"_s, row.txtPlace);
+        int16_t numbers[3] = {};
+        QLineEdit* fields[3] = {row.txtLapsLed, row.txtQualified, row.txtAdjustment};
+        for (int i = 0; i < 3; ++i) {
+            const QString text = fields[i]->text().trimmed();
+            const std::optional<int16_t> value = text.isEmpty() ? std::optional<int16_t>(0) : entryNumber(text);
+            if (!value)
+                return refuse(u"Invalid Entry"_s, fields[i]);
+            numbers[i] = *value;
+        }
+        list.Add(m_race->raceNmbr(), row.carTag, *place, row.chkFastQual->isChecked() ? 1 : 0, numbers[0],
+                 numbers[1], numbers[2]);
+    }
+    const QString errors = list.validateData();
+    if (!errors.isEmpty()) {
+        messageBox(errors, u"Errors while save results for "_s + m_race->raceName(), Icon::None, Buttons::Ok);
+        return false;
+    }
+    // Saved results are unposted results until the next Post Results.
+    return list.insertResults();
+}
+
+void frmRace::postResultsClicked()
+{
+    if (!saveRaceForm())
+        return;
+    auto* gui = dynamic_cast<GuiPresenter*>(&presenter());
+    pbStatus->setValue(0);
+    pbStatus->show();
+    if (gui)
+        gui->setProgressBar(pbStatus);
+    setMousePointer(kPointerHourglass);
+    const auto restore = qScopeGuard([this, gui] {
+        if (gui)
+            gui->setProgressBar(nullptr);
+        pbStatus->hide();
+        setMousePointer(kPointerDefault);
+    });
+    postResults(*m_race);
+}
+
+void frmRace::clearPostingClicked()
+{
+    const QString name = m_race->raceName();
+    if (messageBox(u"Are you sure you want to delete the posting for "_s + name + u"?"_s, name, Icon::Question,
+                   Buttons::OkCancel) != Answer::Ok)
+        return;
+    // Later races keep their posting.
+    cResultsCollection results;
+    results.deletePosting(m_race->raceNmbr());
+}
+
+void frmRace::clearResultsClicked()
+{
+    const QString name = m_race->raceName();
+    if (messageBox(u"Are you sure you want to delete results for "_s + name + u"?"_s, name, Icon::Question,
+                   Buttons::OkCancel) != Answer::Ok)
+        return;
+    cResultsCollection results;
+    results.deleteResults(m_race->raceNmbr());
+    m_resultsLoaded = false;
+    enterResultsTab();
+    if (m_currentTab != kTabResults)
+        return;
+    cResultRow& first = m_rows.front();
+    const bool filling = m_filling;
+    m_filling = true;
+    for (QLineEdit* edit : {first.txtPlace, first.txtLapsLed, first.txtQualified, first.txtAdjustment})
+        edit->setText(u"0"_s);
+    m_filling = filling;
+    m_resultGrid->ensureVisible(0);
+    first.txtPlace->setFocus(Qt::OtherFocusReason);
+}
+
+void frmRace::getResultsClicked()
+{
+    // The series with download files (race types 1 and 6) fetch theirs through the exchange
+    // unit, which this screen does not use yet; until then they answer as every other type does.
+    messageBox(u"Downloads not available for "_s + cmbRaceType->currentText(), kTitle, Icon::None, Buttons::Ok);
+}
+
+void frmRace::addNewCarClicked()
+{
+    cCar car;
+    frmCar screen(this);
+    screen.showWith(car);
+    m_cars = std::make_unique<cCarCollection>();
+    m_cars->load(m_race->raceTypeNmbr(), m_race->carTypeNmbr());
+    fillCarList();
+    if (m_carRow >= 0 && cmbCarNmbr->isVisible()) {
+        const QString text = m_rows[static_cast<size_t>(m_carRow)].txtCarNmbr->text().trimmed();
+        cmbCarNmbr->setCurrentIndex(text.isEmpty() ? 0 : cmbCarNmbr->findText(text));
+    }
+    m_resultGrid->update();
+}

@@ -1,0 +1,259 @@
+#include "racing/posting.h"
+#include "race_screen.h"
+
+namespace {
+
+class RaceForm : public RaceScreen {
+protected:
+    // A league of race type 1 by cars, one team holding three cars from January on.
+    void league()
+    {
+        const int16_t method = season.method({10, 8, 6});
+        team = season.team(season.league(method));
+        for (const QString& text : {u"24"_s, u"3"_s, u"88"_s}) {
+            cars << season.car(text);
+            season.hold(team, cars.last(), u"2002-01-01"_s);
+        }
+    }
+    int16_t team = 0;
+    QList<int16_t> cars;
+};
+
+TEST_F(RaceForm, aNewRaceIsEnteredRowByRowSavedAndPosted)
+{
+    league();
+    open();
+    type(field(u"txtRaceName"_s), u"Daytona 500"_s);
+    EXPECT_EQ(form.windowTitle(), u"Race - Daytona 500"_s);
+    type(field(u"txtTrackName"_s), u"Daytona"_s);
+    type(field(u"txtRaceDate"_s), u"2/17/02"_s);
+    leaveTo(field(u"txtTrackName"_s));
+    EXPECT_EQ(field(u"txtRaceDate"_s)->text(), u"2002-02-17"_s);
+    choose(u"cmbRaceType"_s, 1);
+    choose(u"cmbCarType"_s, 1);
+    EXPECT_TRUE(get<QPushButton>(u"cmdApply"_s)->isEnabled());
+
+    tab(1);   // leaving the tab saves the race
+    EXPECT_EQ(race.raceNmbr(), 500);
+    EXPECT_EQ(app.scalar(u"SELECT race_name || '/' || race_dt FROM races"_s), u"Daytona 500/2002-02-17"_s);
+    EXPECT_FALSE(get<QPushButton>(u"cmdApply"_s)->isEnabled());
+    EXPECT_EQ(cell(u"txtPlace"_s, 0)->text(), u"1"_s);
+
+    chooseCar(0, u"24"_s);
+    EXPECT_TRUE(get<QLabel>(u"lblhitEnter"_s)->isVisible());
+    enter();   // a new row with the next place, the chooser open on it
+    EXPECT_EQ(rows(), 2);
+    EXPECT_EQ(cell(u"txtCarNmbr"_s, 0)->text(), u"24"_s);
+    EXPECT_EQ(cell(u"txtPlace"_s, 1)->text(), u"2"_s);
+    EXPECT_EQ(focusName(), u"cmbCarNmbr"_s);
+    chooseCar(1, u"3"_s);
+    enter();
+    chooseCar(2, u"88"_s);
+    type(cell(u"txtLapsLed"_s, 2), u"12"_s);
+    form.findChildren<QCheckBox*>(u"chkFastQual"_s).at(1)->click();
+    EXPECT_EQ(cell(u"txtPlace"_s, 2)->text(), u"3"_s);
+
+    get<QPushButton>(u"cmdPostResults"_s)->click();
+    EXPECT_TRUE(app.presenter().boxes().isEmpty()) << qPrintable(lastBox().text);
+    EXPECT_EQ(app.scalar(u"SELECT group_concat(car_nmbr || ':' || place || ':' || laps_led || ':' || fast_qual, ' ') "
+                         u"FROM (SELECT * FROM results WHERE race_nmbr = 500 ORDER BY place)"_s),
+              u"500:1:0:0 501:2:0:1 502:3:12:0"_s);
+    EXPECT_EQ(app.count(u"team_results"_s, u"WHERE race_nmbr = 500 AND current_status = 1"_s), 3);
+    EXPECT_EQ(Season::summary(500, 500, team), u"24@1"_s);
+    EXPECT_FALSE(get<QPushButton>(u"cmdApply"_s)->isEnabled());
+    EXPECT_GT(app.presenter().progressTicks(), 0);
+    EXPECT_FALSE(get<QProgressBar>(u"pbStatus"_s)->isVisible());
+    EXPECT_EQ(app.presenter().pointers().constLast(), 0);
+}
+
+TEST_F(RaceForm, twoRowsWithOnePlaceAreRefusedWithTheirBoxAndTheTabStays)
+{
+    league();
+    open(season.race(u"2002-02-17"_s));
+    tab(1);
+    chooseCar(0, u"24"_s);
+    enter();
+    chooseCar(1, u"3"_s);
+    type(cell(u"txtPlace"_s, 0), u"5"_s);
+    type(cell(u"txtPlace"_s, 1), u"5"_s);
+    tab(0);
+    EXPECT_EQ(lastBox().text, u" Place 5 exists more than once.\n"_s);
+    EXPECT_EQ(lastBox().title, u"Errors while save results for Race 500"_s);
+    EXPECT_EQ(lastBox().icon, Icon::None);
+    EXPECT_EQ(currentTab(), 1);
+    EXPECT_EQ(app.count(u"results"_s), 0);
+
+    // Place 0 may stand twice; a row with a place and no car is left out without a word.
+    type(cell(u"txtPlace"_s, 0), u"0"_s);
+    type(cell(u"txtPlace"_s, 1), u"0"_s);
+    enter();
+    EXPECT_EQ(rows(), 3);
+    type(cell(u"txtPlace"_s, 2), u"4"_s);
+    app.presenter().clear();
+    get<QPushButton>(u"cmdApply"_s)->click();
+    EXPECT_TRUE(app.presenter().boxes().isEmpty());
+    EXPECT_EQ(app.scalar(u"SELECT group_concat(place) FROM results"_s), u"0,0"_s);
+}
+
+TEST_F(RaceForm, fieldsOfTheGridRefuseWhatIsNoNumberAndACarUsedTwice)
+{
+    league();
+    open(season.race(u"2002-02-17"_s));
+    tab(1);
+    struct Case {
+        QString column;
+        QString typed;
+        bool refused;
+        QString kept;
+    };
+    const Case cases[] = {
+        {u"txtPlace"_s, u"abc"_s, true, {}},      {u"txtPlace"_s, u"-1"_s, true, {}},
+        {u"txtPlace"_s, u""_s, false, u"0"_s},    {u"txtPlace"_s, u"7"_s, false, u"7"_s},
+        {u"txtLapsLed"_s, u"-3"_s, false, u"-3"_s}, {u"txtQualified"_s, u"x1"_s, true, {}},
+        {u"txtAdjustment"_s, u"-25"_s, false, u"-25"_s}, {u"txtAdjustment"_s, u""_s, false, u"0"_s},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(qPrintable(c.column + u" "_s + c.typed));
+        app.presenter().clear();
+        type(cell(c.column, 0), c.typed);
+        leaveTo(cell(u"txtQualified"_s, 0) == cell(c.column, 0) ? cell(u"txtPlace"_s, 0) : cell(u"txtQualified"_s, 0));
+        if (c.refused) {
+            EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"Invalid Entry"_s});
+            EXPECT_EQ(lastBox().icon, Icon::Critical);
+            EXPECT_EQ(focusName(), c.column);
+            EXPECT_EQ(cell(c.column, 0)->text(), QString());
+        } else {
+            EXPECT_TRUE(app.presenter().boxes().isEmpty());
+            EXPECT_EQ(cell(c.column, 0)->text(), c.kept);
+        }
+    }
+
+    chooseCar(0, u"24"_s);
+    enter();
+    chooseCar(1, u"24"_s);
+    app.presenter().clear();
+    leaveTo(cell(u"txtPlace"_s, 0));
+    EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"Car 24 has already been used"_s});
+    EXPECT_EQ(focusName(), u"cmbCarNmbr"_s);
+    EXPECT_EQ(get<QComboBox>(u"cmbCarNmbr"_s)->geometry(), cell(u"txtCarNmbr"_s, 1)->geometry());
+}
+
+TEST_F(RaceForm, aNewRaceOnATakenDateIsRefusedWhileAnExistingRaceMayMoveOntoIt)
+{
+    season.race(u"2002-02-17"_s);
+    open(season.race(u"2002-02-24"_s));
+    type(field(u"txtRaceDate"_s), u"2002-02-17"_s);
+    EXPECT_TRUE(form.saveRaceForm());
+    EXPECT_EQ(app.count(u"races"_s, u"WHERE race_dt = '2002-02-17'"_s), 2);
+
+    cRaces fresh;
+    form.fill(fresh);
+    type(field(u"txtRaceName"_s), u"Rockingham"_s);
+    choose(u"cmbRaceType"_s, 1);
+    choose(u"cmbCarType"_s, 1);
+    struct Case {
+        QString date;
+        QString message;
+    };
+    for (const Case& c : {Case{u""_s, u"Race Date is a required field"_s},
+                          Case{u"2002-02-30"_s, u"A valid Race Date is a required field"_s},
+                          Case{u"2002-02-17"_s, u"A Race already exists for this Date.\n"
+                                                 u"Only one Race can exist per date per Race Type and Scoring By."_s}}) {
+        field(u"txtRaceDate"_s)->setText(c.date);
+        EXPECT_FALSE(form.saveRaceForm());
+        EXPECT_EQ(lastBox().text, c.message);
+        EXPECT_EQ(focusName(), u"txtRaceDate"_s);
+    }
+    EXPECT_EQ(app.count(u"races"_s), 2);
+    field(u"txtRaceDate"_s)->setText(u"2002-03-03"_s);
+    EXPECT_TRUE(form.saveRaceForm());
+    EXPECT_EQ(fresh.raceNmbr(), 502);
+
+    // Typed and left, a date that is no date keeps the focus.
+    app.presenter().clear();
+    type(field(u"txtRaceDate"_s), u"someday"_s);
+    leaveTo(field(u"txtTrackName"_s));
+    EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"Invalid Entry"_s});
+    EXPECT_EQ(focusName(), u"txtRaceDate"_s);
+}
+
+TEST_F(RaceForm, clearPostingAndClearResultsAskFirstAndTakeWhatTheySay)
+{
+    league();
+    const int16_t number = season.race(u"2002-02-17"_s);
+    for (int i = 0; i < cars.size(); ++i)
+        season.result(number, cars[i], i + 1);
+    postResults(Season::raceRecord(number));
+    ASSERT_EQ(app.count(u"team_results"_s), 3);
+    open(number);
+    tab(1);
+    EXPECT_EQ(rows(), 3);
+    EXPECT_EQ(cell(u"txtCarNmbr"_s, 2)->text(), u"88"_s);
+
+    app.presenter().queueAnswer(Answer::Cancel);
+    get<QPushButton>(u"cmdClearPosting"_s)->click();
+    EXPECT_EQ(lastBox().text, u"Are you sure you want to delete the posting for Race 500?"_s);
+    EXPECT_EQ(lastBox().title, u"Race 500"_s);
+    EXPECT_EQ(lastBox().buttons, Buttons::OkCancel);
+    EXPECT_EQ(app.count(u"team_results"_s), 3);
+    app.presenter().queueAnswer(Answer::Ok);
+    get<QPushButton>(u"cmdClearPosting"_s)->click();
+    EXPECT_EQ(app.count(u"team_results"_s) + app.count(u"team_results_summary"_s), 0);
+    EXPECT_EQ(app.count(u"results"_s), 3);
+
+    app.presenter().queueAnswer(Answer::Ok);
+    get<QPushButton>(u"cmdClearResults"_s)->click();
+    EXPECT_EQ(lastBox().text, u"Are you sure you want to delete results for Race 500?"_s);
+    EXPECT_EQ(app.count(u"results"_s), 0);
+    EXPECT_EQ(rows(), 1);
+    EXPECT_EQ(cell(u"txtPlace"_s, 0)->text(), u"0"_s);
+    EXPECT_EQ(cell(u"txtCarNmbr"_s, 0)->text(), QString());
+    EXPECT_EQ(focusName(), u"txtPlace"_s);
+}
+
+TEST_F(RaceForm, withResultsTheSeriesAndKindStayAndTheEighthRowEnablesTheScrollBar)
+{
+    const int16_t number = season.race(u"2002-02-17"_s);
+    for (int i = 0; i < 9; ++i)
+        season.result(number, season.car(QString::number(i + 1)), i + 1);
+    open(number);
+    choose(u"cmbRaceType"_s, 6);
+    EXPECT_EQ(lastBox().text, u"Can not change Race Type while Results exist for the Race"_s);
+    EXPECT_EQ(get<QComboBox>(u"cmbRaceType"_s)->currentData().toInt(), 6);   // the combo shows the choice
+    choose(u"cmbCarType"_s, 2);
+    EXPECT_EQ(lastBox().text, u"Can not change Scoring By while Results exist for the Race"_s);
+    type(field(u"txtTrackName"_s), u"Atlanta"_s);
+    EXPECT_TRUE(form.saveRaceForm());
+    EXPECT_EQ(app.scalar(u"SELECT race_type_nmbr || '/' || car_type_nmbr || '/' || track_name FROM races"_s),
+              u"1/1/Atlanta"_s);
+
+    tab(1);
+    auto* bar = get<QScrollBar>(u"VScroll1"_s);
+    EXPECT_EQ(rows(), 9);
+    EXPECT_TRUE(bar->isEnabled());
+    EXPECT_EQ(bar->maximum(), 2);
+    EXPECT_FALSE(cell(u"txtPlace"_s, 7)->isVisible());
+    chooseCar(6, u"7"_s);
+    enter();   // on to the eighth row, which scrolls into view
+    EXPECT_EQ(bar->value(), 1);
+    EXPECT_TRUE(cell(u"txtPlace"_s, 7)->isVisible());
+    EXPECT_FALSE(cell(u"txtPlace"_s, 0)->isVisible());
+    EXPECT_EQ(get<QComboBox>(u"cmbCarNmbr"_s)->currentText(), u"8"_s);
+}
+
+TEST_F(RaceForm, cancelAsksOnlyAboutTheRaceAndTheResults)
+{
+    open(season.race(u"2002-02-17"_s));
+    type(field(u"txtTrackName"_s), u"Atlanta"_s);
+    app.presenter().queueAnswer(Answer::Cancel);
+    get<QPushButton>(u"cmdCancel"_s)->click();
+    EXPECT_EQ(lastBox().text, u"Do you want to save changes"_s);
+    EXPECT_EQ(lastBox().title, u"Race 500"_s);
+    EXPECT_TRUE(form.isVisible());
+    app.presenter().queueAnswer(Answer::Yes);
+    get<QPushButton>(u"cmdCancel"_s)->click();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(app.scalar(u"SELECT track_name FROM races"_s), u"Atlanta"_s);
+}
+
+} // namespace

@@ -1,0 +1,116 @@
+#pragma once
+// The race screen opened offscreen on a real data file, driven by control names.
+#include "racing/race_form.h"
+#include "racing/races.h"
+#include "season.h"
+#include "support/temp_app.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTest>
+#include <gtest/gtest.h>
+
+class RaceScreen : public ::testing::Test {
+protected:
+    void open(int16_t raceNmbr = 0)
+    {
+        if (raceNmbr > 0) {
+            ASSERT_EQ(race.load(raceNmbr), 1);
+        }
+        form.fill(race);
+        form.show();
+        form.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    }
+    template <class T>
+    T* get(const QString& name)
+    {
+        T* widget = form.findChild<T*>(name);
+        EXPECT_NE(widget, nullptr) << qPrintable(name);
+        return widget;
+    }
+    QLineEdit* field(const QString& name) { return get<QLineEdit>(name); }
+    // The row's field of a grid column (rows from 0).
+    QLineEdit* cell(const QString& column, int row)
+    {
+        const QList<QLineEdit*> cells = form.findChildren<QLineEdit*>(column);
+        EXPECT_LT(row, cells.size()) << qPrintable(column);
+        return cells.value(row);
+    }
+    int rows() { return static_cast<int>(form.findChildren<QLineEdit*>(u"txtPlace"_s).size()); }
+    QString focusName() { return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString(); }
+    void settle() { QApplication::processEvents(); }
+
+    void tab(int index)
+    {
+        get<QTabBar>(u"SSTab1"_s)->setCurrentIndex(index);
+        settle();
+    }
+    int currentTab() { return get<QTabBar>(u"SSTab1"_s)->currentIndex(); }
+    void type(QLineEdit* edit, const QString& text)
+    {
+        edit->setFocus(Qt::TabFocusReason);
+        edit->selectAll();
+        QTest::keyClick(edit, Qt::Key_Backspace);
+        QTest::keyClicks(edit, text);
+    }
+    // Leaves a field the way Tab does, so its rule runs.
+    void leaveTo(QWidget* next)
+    {
+        next->setFocus(Qt::TabFocusReason);
+        settle();
+    }
+    void choose(const QString& combo, int number)
+    {
+        auto* list = get<QComboBox>(combo);
+        const int index = list->findData(number);
+        ASSERT_GE(index, 0) << qPrintable(combo);
+        list->setCurrentIndex(index);
+        emit list->activated(index);
+    }
+    // Opens the car chooser on a row and picks the entry shown as text (" " for none).
+    void chooseCar(int row, const QString& text)
+    {
+        QTest::mouseClick(cell(u"txtCarNmbr"_s, row), Qt::LeftButton);
+        auto* chooser = get<QComboBox>(u"cmbCarNmbr"_s);
+        ASSERT_TRUE(chooser->isVisible());
+        const int index = chooser->findText(text);
+        ASSERT_GE(index, 0) << qPrintable(text);
+        chooser->setCurrentIndex(index);
+    }
+    // Enter in the focused field of the grid.
+    void enter()
+    {
+        closePopup();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        settle();
+    }
+    // A chooser that opened its list: close the list, the focus is back on the chooser.
+    void closePopup()
+    {
+        if (!QApplication::activePopupWidget())
+            return;
+        for (QComboBox* combo : form.findChildren<QComboBox*>())
+            combo->hidePopup();
+        form.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+        settle();
+    }
+    const RecordedBox& lastBox()
+    {
+        static const RecordedBox none;
+        return app.presenter().boxes().isEmpty() ? none : app.presenter().boxes().constLast();
+    }
+
+    TempApp app;
+    Season season;
+    cRaces race;
+    frmRace form;
+};
