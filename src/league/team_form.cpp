@@ -57,6 +57,7 @@ frmTeam::frmTeam(QWidget* parent)
 {
     setObjectName(u"frmTeam"_s);
     setWindowTitle(u"Team - "_s);
+    resize(720, 560);   // room for every roster column without scrolling
 
     m_openLeagueTeams = [this](cTeam& team) {
         frmLeagueTeams screen(this);

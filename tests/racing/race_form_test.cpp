@@ -23,9 +23,9 @@ TEST_F(RaceForm, aNewRaceIsEnteredRowByRowSavedAndPosted)
 {
     league();
     open();
-    type(field(u"txtRaceName"_s), u"Daytona 500"_s);
-    EXPECT_EQ(form.windowTitle(), u"Race - Daytona 500"_s);
-    type(field(u"txtTrackName"_s), u"Daytona"_s);
+    type(field(u"txtRaceName"_s), u"Dayport 500"_s);
+    EXPECT_EQ(form.windowTitle(), u"Race - Dayport 500"_s);
+    type(field(u"txtTrackName"_s), u"Dayport"_s);
     type(field(u"txtRaceDate"_s), u"2/17/02"_s);
     leaveTo(field(u"txtTrackName"_s));
     EXPECT_EQ(field(u"txtRaceDate"_s)->text(), u"2002-02-17"_s);
@@ -35,7 +35,7 @@ TEST_F(RaceForm, aNewRaceIsEnteredRowByRowSavedAndPosted)
 
     tab(1);   // leaving the tab saves the race
     EXPECT_EQ(race.raceNmbr(), 500);
-    EXPECT_EQ(app.scalar(u"SELECT race_name || '/' || race_dt FROM races"_s), u"Daytona 500/2002-02-17"_s);
+    EXPECT_EQ(app.scalar(u"SELECT race_name || '/' || race_dt FROM races"_s), u"Dayport 500/2002-02-17"_s);
     EXPECT_FALSE(get<QPushButton>(u"cmdApply"_s)->isEnabled());
     EXPECT_EQ(cell(u"txtPlace"_s, 0)->text(), u"1"_s);
 
@@ -148,7 +148,7 @@ TEST_F(RaceForm, aNewRaceOnATakenDateIsRefusedWhileAnExistingRaceMayMoveOntoIt)
 
     cRaces fresh;
     form.fill(fresh);
-    type(field(u"txtRaceName"_s), u"Rockingham"_s);
+    type(field(u"txtRaceName"_s), u"Rockfield"_s);
     choose(u"cmbRaceType"_s, 1);
     choose(u"cmbCarType"_s, 1);
     struct Case {
@@ -222,10 +222,10 @@ TEST_F(RaceForm, withResultsTheSeriesAndKindStayAndTheEighthRowEnablesTheScrollB
     EXPECT_EQ(get<QComboBox>(u"cmbRaceType"_s)->currentData().toInt(), 6);   // the combo shows the choice
     choose(u"cmbCarType"_s, 2);
     EXPECT_EQ(lastBox().text, u"Can not change Scoring By while Results exist for the Race"_s);
-    type(field(u"txtTrackName"_s), u"Atlanta"_s);
+    type(field(u"txtTrackName"_s), u"Ashford"_s);
     EXPECT_TRUE(form.saveRaceForm());
     EXPECT_EQ(app.scalar(u"SELECT race_type_nmbr || '/' || car_type_nmbr || '/' || track_name FROM races"_s),
-              u"1/1/Atlanta"_s);
+              u"1/1/Ashford"_s);
 
     tab(1);
     auto* bar = get<QScrollBar>(u"VScroll1"_s);
@@ -244,7 +244,7 @@ TEST_F(RaceForm, withResultsTheSeriesAndKindStayAndTheEighthRowEnablesTheScrollB
 TEST_F(RaceForm, cancelAsksOnlyAboutTheRaceAndTheResults)
 {
     open(season.race(u"2002-02-17"_s));
-    type(field(u"txtTrackName"_s), u"Atlanta"_s);
+    type(field(u"txtTrackName"_s), u"Ashford"_s);
     app.presenter().queueAnswer(Answer::Cancel);
     get<QPushButton>(u"cmdCancel"_s)->click();
     EXPECT_EQ(lastBox().text, u"Do you want to save changes"_s);
@@ -253,7 +253,7 @@ TEST_F(RaceForm, cancelAsksOnlyAboutTheRaceAndTheResults)
     app.presenter().queueAnswer(Answer::Yes);
     get<QPushButton>(u"cmdCancel"_s)->click();
     EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(app.scalar(u"SELECT track_name FROM races"_s), u"Atlanta"_s);
+    EXPECT_EQ(app.scalar(u"SELECT track_name FROM races"_s), u"Ashford"_s);
 }
 
 } // namespace

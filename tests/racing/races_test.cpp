@@ -236,7 +236,7 @@ TEST(Race, racesAreNumberedFrom500AndReadBackWithTheirTextsAndDate)
     run(u"INSERT INTO races VALUES (12, 'Old', 'Old', '2001-01-01', 1, 1, 2)"_s);
     cRaces race;
     EXPECT_FALSE(race.raceDate().isValid());   // a new race has no date
-    race.setRaceName(u"Daytona's 500"_s);
+    race.setRaceName(u"Dayport's 500"_s);
     race.setTrackName(u"Int'l Speedway"_s);
     race.setRaceDate(u"2/17/2002"_s);
     race.setRaceTypeNmbr(1);
@@ -248,7 +248,7 @@ TEST(Race, racesAreNumberedFrom500AndReadBackWithTheirTextsAndDate)
 
     cRaces read;
     ASSERT_EQ(read.load(500), 1);
-    EXPECT_EQ(read.raceName(), u"Daytona's 500"_s);
+    EXPECT_EQ(read.raceName(), u"Dayport's 500"_s);
     EXPECT_EQ(read.trackName(), u"Int'l Speedway"_s);
     EXPECT_EQ(read.raceDate(), QDate(2002, 2, 17));
     EXPECT_EQ(read.carTypeNmbr(), 2);

@@ -79,7 +79,7 @@ TEST_F(RecordCommandTest, deleteCarRefusesARosteredCarThenOneWithResults)
     seed::car(500, u"12"_s, u"0"_s);
     seed::entry(500, 500, u"2002-01-01"_s, {}, u"0"_s);
     seed::race(500, u"2002-03-17"_s);
-    seed::result(500, 500, 1);
+    seed::result(500, 500);
     refreshCars(-1);
     const QString ask = question(u"Are you sure you want to delete Car?"_s, u"12 - Driver 12"_s);
 
@@ -102,7 +102,7 @@ TEST_F(RecordCommandTest, deleteRaceAsksASecondTimeOnlyWhenItHasResults)
     seed::car(500, u"12"_s, u"0"_s);
     seed::race(500, u"2002-03-17"_s);
     seed::race(501, u"2002-03-24"_s);
-    seed::result(500, 500, 1);
+    seed::result(500, 500);
     summary(500, 500, 500);
     refreshRaces(u"500"_s);
     const QString ask = question(u"Are you sure you want to delete Race?"_s, u"Race 500"_s);

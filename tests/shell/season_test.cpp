@@ -117,9 +117,9 @@ TEST_F(PaneTest, aSeasonIsSetUpRacedAndPostedFromTheMainWindow)
 
     // Three races entered and posted on the race screen, opened by the toolbar.
     const PlayedRace season[] = {
-        {u"Daytona"_s, u"2002-02-17"_s, {u"3"_s, u"1"_s, u"4"_s, u"2"_s}},
-        {u"Rockingham"_s, u"2002-02-24"_s, {u"1"_s, u"2"_s, u"3"_s, u"4"_s}},
-        {u"Las Vegas"_s, u"2002-03-03"_s, {u"2"_s, u"4"_s, u"1"_s, u"3"_s}},
+        {u"Dayport"_s, u"2002-02-17"_s, {u"3"_s, u"1"_s, u"4"_s, u"2"_s}},
+        {u"Rockfield"_s, u"2002-02-24"_s, {u"1"_s, u"2"_s, u"3"_s, u"4"_s}},
+        {u"Lakeside"_s, u"2002-03-03"_s, {u"2"_s, u"4"_s, u"1"_s, u"3"_s}},
     };
     for (const PlayedRace& played : season) {
         recordScreens().race = [this, &played](cRaces& race) {
@@ -129,11 +129,11 @@ TEST_F(PaneTest, aSeasonIsSetUpRacedAndPostedFromTheMainWindow)
         trigger(u"tbRaces"_s);
     }
     EXPECT_TRUE(boxes().boxes().isEmpty()) << qPrintable(boxes().boxTexts().join(u" / "_s));
-    EXPECT_EQ(rows(*paneOf(RecordKind::Race)).join(u'/'), u"2002-02-17|Daytona|Speedway|Winston Cup|Car/"
-                                                           u"2002-02-24|Rockingham|Speedway|Winston Cup|Car/"
-                                                           u"2002-03-03|Las Vegas|Speedway|Winston Cup|Car"_s);
+    EXPECT_EQ(rows(*paneOf(RecordKind::Race)).join(u'/'), u"2002-02-17|Dayport|Speedway|Winston Cup|Car/"
+                                                           u"2002-02-24|Rockfield|Speedway|Winston Cup|Car/"
+                                                           u"2002-03-03|Lakeside|Speedway|Winston Cup|Car"_s);
 
-    // Blue leads after Daytona (14 to 9), Red after Rockingham and at the end.
+    // Blue leads after Dayport (14 to 9), Red after Rockfield and at the end.
     EXPECT_EQ(standings(league, 500), u"Blue 14, Red 9"_s);
     EXPECT_EQ(standings(league, 501), u"Red 25, Blue 21"_s);
     EXPECT_EQ(standings(league, 502), u"Red 39, Blue 30"_s);
