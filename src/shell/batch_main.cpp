@@ -74,7 +74,9 @@ int runInit()
 int runSql(const QString& statement)
 {
     IDatabase db;
-    if (!statement.trimmed().startsWith(u"select"_s, Qt::CaseInsensitive))
+    const QString head = statement.trimmed().section(u' ', 0, 0).toLower();
+    const bool returnsRows = head == u"select" || head == u"explain" || head == u"pragma" || head == u"with";
+    if (!returnsRows)
         return db.execute(statement) ? kOk : kFailed;
     if (!db.OpenResultSet(statement))
         return kFailed;

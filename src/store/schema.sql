@@ -105,7 +105,9 @@ CREATE TABLE team_results (
   total_points INTEGER
 );
 CREATE INDEX team_results_by_race ON team_results (race_nmbr, league_nmbr, team_nmbr, car_nmbr);
-CREATE INDEX team_results_by_team ON team_results (league_nmbr, team_nmbr);
+-- Led by the team, so that a look-up by league alone goes through the races of the league's
+-- type (team_results_by_race) instead of every row the league ever scored.
+CREATE INDEX team_results_by_team ON team_results (team_nmbr, league_nmbr, race_nmbr);
 CREATE INDEX team_results_by_car ON team_results (car_nmbr);
 
 CREATE TABLE team_results_summary (
