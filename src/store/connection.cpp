@@ -142,47 +142,85 @@ cConnection::~cConnection()
 
 void cConnection::finalizeStatements()
 {
-    for (sqlite3_stmt* stmt : std::as_const(m_statements))
-        sqlite3_finalize(stmt);
+    for (const PreparedShape& prepared : std::as_const(m_statements))
+        sqlite3_finalize(prepared.stmt);
     m_statements.clear();
+}
+
+namespace {
+
+// The columns of a statement by name: the first of two equal names wins, and "table.column"
+// also answers.
+void indexColumns(sqlite3_stmt* stmt, QStringList& columns, QHash<QString, int>& index)
+{
+    const int count = sqlite3_column_count(stmt);
+    for (int c = 0; c < count; ++c) {
+        columns.append(QString::fromUtf8(sqlite3_column_name(stmt, c)));
+        if (const char* table = sqlite3_column_table_name(stmt, c)) {
+            const QString qualified =
+                (QString::fromUtf8(table) + u'.' + QString::fromUtf8(sqlite3_column_origin_name(stmt, c))).toLower();
+            if (!index.contains(qualified))
+                index.insert(qualified, c);
+        }
+    }
+    for (int c = count - 1; c >= 0; --c)
+        index.insert(columns[c].toLower(), c);
+}
+
+} // namespace
+
+const cConnection::PreparedShape* cConnection::bindShape(const StatementShape& shape, QString& error)
+{
+    if (!m_db)
+        return nullptr;
+    auto it = m_statements.find(shape.text);
+    if (it == m_statements.end()) {
+        PreparedShape prepared;
+        if (sqlite3_prepare_v2(m_db, shape.text.constData(), static_cast<int>(shape.text.size()), &prepared.stmt,
+                               nullptr) != SQLITE_OK ||
+            !prepared.stmt) {
+            error = engineMessage(m_db);
+            sqlite3_finalize(prepared.stmt);
+            return nullptr;
+        }
+        indexColumns(prepared.stmt, prepared.columns, prepared.index);
+        if (m_statements.size() >= 512)
+            finalizeStatements();
+        it = m_statements.insert(shape.text, prepared);
+    }
+    sqlite3_stmt* stmt = it->stmt;
+    int position = 1;
+    for (const StatementShape::Value& value : shape.values) {
+        if (const auto* whole = std::get_if<int64_t>(&value))
+            sqlite3_bind_int64(stmt, position, *whole);
+        else if (const auto* real = std::get_if<double>(&value))
+            sqlite3_bind_double(stmt, position, *real);
+        else {
+            const QByteArray& text = std::get<QByteArray>(value);
+            sqlite3_bind_text(stmt, position, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+        }
+        ++position;
+    }
+    return &*it;
+}
+
+void cConnection::releaseShape(const PreparedShape& prepared)
+{
+    sqlite3_reset(prepared.stmt);
+    sqlite3_clear_bindings(prepared.stmt);
 }
 
 bool cConnection::runShaped(const StatementShape& shape, QString& error)
 {
-    if (!m_db)
+    const PreparedShape* prepared = bindShape(shape, error);
+    if (!prepared)
         return false;
-    sqlite3_stmt* stmt = m_statements.value(shape.text);
-    if (!stmt) {
-        if (sqlite3_prepare_v2(m_db, shape.text.constData(), static_cast<int>(shape.text.size()), &stmt, nullptr) !=
-                SQLITE_OK ||
-            !stmt) {
-            error = engineMessage(m_db);
-            sqlite3_finalize(stmt);
-            return false;
-        }
-        if (m_statements.size() >= 256)
-            finalizeStatements();
-        m_statements.insert(shape.text, stmt);
-    }
-    int index = 1;
-    for (const StatementShape::Value& value : shape.values) {
-        if (const auto* whole = std::get_if<int64_t>(&value))
-            sqlite3_bind_int64(stmt, index, *whole);
-        else if (const auto* real = std::get_if<double>(&value))
-            sqlite3_bind_double(stmt, index, *real);
-        else {
-            const QByteArray& text = std::get<QByteArray>(value);
-            sqlite3_bind_text(stmt, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
-        }
-        ++index;
-    }
     int rc = SQLITE_ROW;
-    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+    while ((rc = sqlite3_step(prepared->stmt)) == SQLITE_ROW) {
     }
     if (rc != SQLITE_DONE)
         error = engineMessage(m_db);
-    sqlite3_reset(stmt);
-    sqlite3_clear_bindings(stmt);
+    releaseShape(*prepared);
     return rc == SQLITE_DONE;
 }
 
@@ -254,53 +292,71 @@ const cVariant& IDatabase::value(int column) const
     return row[static_cast<size_t>(column)];
 }
 
+namespace {
+
+// Steps a statement to its end, keeping every row; false with the engine's description.
+bool readRows(sqlite3* db, sqlite3_stmt* stmt, std::vector<std::vector<cVariant>>& rows, QString& error)
+{
+    const int count = sqlite3_column_count(stmt);
+    int rc = SQLITE_ROW;
+    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+        std::vector<cVariant> row;
+        row.reserve(static_cast<size_t>(count));
+        for (int c = 0; c < count; ++c)
+            row.push_back(columnValue(stmt, c));
+        rows.push_back(std::move(row));
+    }
+    if (rc != SQLITE_DONE)
+        error = engineMessage(db);
+    return rc == SQLITE_DONE;
+}
+
+} // namespace
+
 bool IDatabase::OpenResultSet(const QString& statement)
 {
     sqlite3* db = currentDatabase();
     QString error = kClosedDescription;
-    sqlite3_stmt* stmt = nullptr;
     const QByteArray sql = jet_dialect(statement).toUtf8();
-    if (db && sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()), &stmt, nullptr) == SQLITE_OK &&
-        stmt) {
-        QStringList columns;
-        QHash<QString, int> index;
-        const int count = sqlite3_column_count(stmt);
-        for (int c = 0; c < count; ++c) {
-            const QString name = QString::fromUtf8(sqlite3_column_name(stmt, c));
-            columns.append(name);
-            index.insert(name.toLower(), c);   // first of two equal names wins below
-            if (const char* table = sqlite3_column_table_name(stmt, c)) {
-                const QString qualified = (QString::fromUtf8(table) + u'.' +
-                                           QString::fromUtf8(sqlite3_column_origin_name(stmt, c))).toLower();
-                if (!index.contains(qualified))
-                    index.insert(qualified, c);
+    std::vector<std::vector<cVariant>> rows;
+    bool read = false;
+    StatementShape shape;
+    // A query of a known shape reuses its prepared statement; anything else, or a shape the
+    // engine refuses, is prepared as written, so a failure names the statement itself.
+    if (db && shapeStatement(sql, shape) && shape.isQuery) {
+        if (const cConnection::PreparedShape* prepared = gConnection->bindShape(shape, error)) {
+            read = readRows(db, prepared->stmt, rows, error);
+            cConnection::releaseShape(*prepared);
+            if (read) {
+                m_columns = prepared->columns;
+                m_index = prepared->index;
             }
         }
-        for (int c = count - 1; c >= 0; --c)
-            index.insert(columns[c].toLower(), c);
-        std::vector<std::vector<cVariant>> rows;
-        int rc = SQLITE_ROW;
-        while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
-            std::vector<cVariant> row;
-            row.reserve(static_cast<size_t>(count));
-            for (int c = 0; c < count; ++c)
-                row.push_back(columnValue(stmt, c));
-            rows.push_back(std::move(row));
-        }
-        if (rc == SQLITE_DONE) {
-            sqlite3_finalize(stmt);
-            m_columns = std::move(columns);
-            m_index = std::move(index);
-            m_rows = std::move(rows);
-            m_position = 0;
-            m_reached = m_rows.empty() ? 0 : 1;
-            refreshFlags();
-            return true;
-        }
     }
-    if (db)
-        error = engineMessage(db);
-    sqlite3_finalize(stmt);
+    if (db && !read && rows.empty()) {
+        sqlite3_stmt* stmt = nullptr;
+        if (sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()), &stmt, nullptr) == SQLITE_OK &&
+            stmt) {
+            QStringList columns;
+            QHash<QString, int> index;
+            indexColumns(stmt, columns, index);
+            read = readRows(db, stmt, rows, error);
+            if (read) {
+                m_columns = std::move(columns);
+                m_index = std::move(index);
+            }
+        } else {
+            error = engineMessage(db);
+        }
+        sqlite3_finalize(stmt);
+    }
+    if (read) {
+        m_rows = std::move(rows);
+        m_position = 0;
+        m_reached = m_rows.empty() ? 0 : 1;
+        refreshFlags();
+        return true;
+    }
     messageBox(QStringLiteral("Error = ") + error + QStringLiteral("SQL = ") + statement, QStringLiteral("Lapkeeper"),
                Icon::Critical);
     return false;
@@ -317,7 +373,7 @@ bool IDatabase::execute(const QString& statement)
     } else if (db) {
         const QByteArray utf8 = sql.toUtf8();
         StatementShape shape;
-        if (shapeStatement(utf8, shape) && gConnection->runShaped(shape, error))
+        if (shapeStatement(utf8, shape) && !shape.isQuery && gConnection->runShaped(shape, error))
             return true;
         // A statement the shape cannot take, or that failed, runs as written, so a failure
         // reports the engine's words about the statement itself.

@@ -41,15 +41,24 @@ public:
     cWorkspace& getWorkSpace() { return m_workspace; }
     QString getUserID() const { return m_userId; }
 
-    // Runs an action statement of a known shape with its values bound, reusing the prepared
-    // statement of that shape. False with the engine's description when it fails.
+    // A prepared statement of one shape, kept for the run, with its columns by name.
+    struct PreparedShape {
+        sqlite3_stmt* stmt = nullptr;
+        QStringList columns;
+        QHash<QString, int> index;   // lower-case name (and table.name) to column
+    };
+    // The prepared statement of the shape with its values bound, or null with the engine's
+    // description. The caller steps it and then calls releaseShape.
+    const PreparedShape* bindShape(const StatementShape& shape, QString& error);
+    static void releaseShape(const PreparedShape& prepared);
+    // Runs an action statement of a known shape. False with the engine's description.
     bool runShaped(const StatementShape& shape, QString& error);
 
 private:
     void finalizeStatements();
 
     sqlite3* m_db = nullptr;
-    QHash<QByteArray, sqlite3_stmt*> m_statements;   // prepared statements by shape
+    QHash<QByteArray, PreparedShape> m_statements;   // prepared statements by shape
     cWorkspace m_workspace;
     int16_t m_status = 0;
     QString m_userId;

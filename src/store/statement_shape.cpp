@@ -41,9 +41,12 @@ bool shapeStatement(const QByteArray& sql, StatementShape& shape)
     qsizetype wordEnd = i;
     while (wordEnd < n && isIdentifierStart(s[wordEnd]))
         ++wordEnd;
-    if (!sameWord(s + i, wordEnd - i, "INSERT") && !sameWord(s + i, wordEnd - i, "UPDATE") &&
+    const bool isQuery = sameWord(s + i, wordEnd - i, "SELECT");
+    if (!isQuery && !sameWord(s + i, wordEnd - i, "INSERT") && !sameWord(s + i, wordEnd - i, "UPDATE") &&
         !sameWord(s + i, wordEnd - i, "DELETE"))
         return false;
+    shape.isQuery = isQuery;
+    bool inSelectList = isQuery;   // until the FROM of the outer SELECT
 
     shape.text.clear();
     shape.text.reserve(n);
@@ -53,6 +56,14 @@ bool shapeStatement(const QByteArray& sql, StatementShape& shape)
     bool lastWordOrderOrGroup = false;
     for (i = 0; i < n;) {
         const char c = s[i];
+        if (c == '\'' && inSelectList) {
+            const qsizetype end = sql.indexOf('\'', i + 1);
+            if (end < 0)
+                return false;
+            shape.text += sql.mid(i, end + 1 - i);   // a doubled quote is two such pieces in a row
+            i = end + 1;
+            continue;
+        }
         if (c == '\'') {
             QByteArray text;
             ++i;
@@ -96,6 +107,8 @@ bool shapeStatement(const QByteArray& sql, StatementShape& shape)
                       sameWord(s + i, end - i, "INTERSECT")))
                 listDepth = -1;
             lastWordOrderOrGroup = sameWord(s + i, end - i, "ORDER") || sameWord(s + i, end - i, "GROUP");
+            if (depth == 0 && sameWord(s + i, end - i, "FROM"))
+                inSelectList = false;
             shape.text += sql.mid(i, end - i);
             i = end;
             continue;
@@ -110,8 +123,8 @@ bool shapeStatement(const QByteArray& sql, StatementShape& shape)
             if (end < n && (isIdentifierChar(s[end]) || s[end] == '.'))
                 return false;   // 1e5, 0x10 and the like: leave them to the engine
             const QByteArray literal = sql.mid(i, end - i);
-            if (listDepth == depth) {
-                shape.text += literal;   // a column position, not a value
+            if (listDepth == depth || inSelectList) {
+                shape.text += literal;   // a column position or a select-list literal, not a value
             } else {
                 bool ok = false;
                 if (!real) {

@@ -28,7 +28,9 @@ TEST(StatementShape, leaves_column_positions_and_other_statements_alone)
     StatementShape shape;
     ASSERT_TRUE(shapeStatement("INSERT OR IGNORE INTO t SELECT a, 7 FROM u GROUP BY 1, 2 ORDER BY 2 DESC LIMIT 5", shape));
     EXPECT_EQ(shape.text, QByteArray("INSERT OR IGNORE INTO t SELECT a, ? FROM u GROUP BY 1, 2 ORDER BY 2 DESC LIMIT ?"));
-    EXPECT_FALSE(shapeStatement("SELECT * FROM t WHERE a = 1", shape));
+    ASSERT_TRUE(shapeStatement("SELECT 1 as one, 'x' FROM t WHERE a = 1 AND b = 'it''s'", shape));
+    EXPECT_TRUE(shape.isQuery);   // the select list keeps its literals: they name its columns
+    EXPECT_EQ(shape.text, QByteArray("SELECT 1 as one, 'x' FROM t WHERE a = ? AND b = ?"));
     EXPECT_FALSE(shapeStatement("DELETE FROM t WHERE a = 1; DELETE FROM u", shape));
     EXPECT_FALSE(shapeStatement("CREATE TRIGGER x BEFORE INSERT ON t BEGIN SELECT 1; END", shape));
     EXPECT_FALSE(shapeStatement("DELETE FROM t WHERE a = 'open", shape));
