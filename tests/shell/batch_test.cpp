@@ -65,10 +65,6 @@ TEST(BatchTool, clear_commands_remove_postings_and_bad_usage_exits_2)
     EXPECT_EQ(batch(dir, {}).status, 2);
 }
 
-} // namespace
-
-namespace {
-
 TEST(BatchTool, posts_races_and_prints_the_standings)
 {
     QTemporaryDir dir;

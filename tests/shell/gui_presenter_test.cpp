@@ -48,7 +48,7 @@ TEST(QtFileFilter, TurnsDescriptionPatternPairsIntoDialogFilters)
     EXPECT_EQ(qtFileFilter({}), QString());
 }
 
-TEST(GuiPresenter, StepsTheProgressBarAndStartsAgainAtItsEnd)
+TEST(GuiPresenter, StepsTheProgressBarAndWritesOneStatusPanel)
 {
     GuiPresenter gui;
     gui.advanceProgress();   // nothing registered: nothing happens
@@ -63,17 +63,14 @@ TEST(GuiPresenter, StepsTheProgressBarAndStartsAgainAtItsEnd)
         seen << bar.value();
     }
     EXPECT_EQ(seen, (QList<int>{3, 1, 2, 3}));
-}
 
-TEST(GuiPresenter, WritesStatusTextsIntoOnePanelOfTheRegisteredBar)
-{
-    GuiPresenter gui;
+    // Status texts go into one panel of the registered bar.
     gui.setStatusText(u"before any bar"_s);
-    QStatusBar bar;
-    gui.setStatusBar(&bar);
-    gui.setStatusBar(&bar);
+    QStatusBar status;
+    gui.setStatusBar(&status);
+    gui.setStatusBar(&status);
     gui.setStatusText(u"Loading"_s);
-    const QList<QLabel*> panels = bar.findChildren<QLabel*>(u"StatusPanel1"_s);
+    const QList<QLabel*> panels = status.findChildren<QLabel*>(u"StatusPanel1"_s);
     ASSERT_EQ(panels.size(), 1);
     EXPECT_EQ(panels[0]->text(), u"Loading"_s);
 }
@@ -91,7 +88,7 @@ TEST(GuiPresenter, HourglassIsOneOverrideThatTheDefaultRemoves)
     EXPECT_EQ(gui.mousePointer(), 0);
 }
 
-TEST(GuiPresenter, LaunchReportsAMissingFileAndOpensAnExistingOne)
+TEST(GuiPresenter, LaunchRunAndPlayFailForMissingFilesAndOpenExistingOnes)
 {
     GuiPresenter gui;
     QTemporaryDir dir;
@@ -112,11 +109,6 @@ TEST(GuiPresenter, LaunchReportsAMissingFileAndOpensAnExistingOne)
     ASSERT_EQ(catcher.urls.size(), 2);
     EXPECT_EQ(catcher.urls[0].toLocalFile(), page.fileName());
     EXPECT_EQ(catcher.urls[1].fragment(), u"context-500"_s);
-}
-
-TEST(GuiPresenter, RunProgramAndPlayWaveFailForMissingFiles)
-{
-    GuiPresenter gui;
     EXPECT_EQ(gui.runProgram(u"no-such-program-lapkeeper"_s, {}), 2);
     EXPECT_EQ(gui.runProgram(u"/nonexistent/tool"_s, {}), 2);
     EXPECT_GE(gui.runProgram(u"true"_s, {}), 33);

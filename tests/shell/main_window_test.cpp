@@ -1,12 +1,8 @@
-#include "shell/main_window.h"
-#include "shell/app_globals.h"
-#include "shell/settings.h"
+#include "pane_fixture.h"
 #include "shell/startup.h"
-#include "support/temp_app.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -15,10 +11,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
-#include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
-#include <gtest/gtest.h>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -32,24 +25,13 @@ public:
     Q_INVOKABLE void setView() { ++calls; }
 };
 
-class MainWindowTest : public ::testing::Test {
+class MainWindowTest : public PaneTest {
 protected:
     void SetUp() override
     {
-        QFile::remove(settingsFilePath());
-        gViewMode = 0;
-        m_app = std::make_unique<TempApp>(false);
-        m_window = std::make_unique<frmMain>();
-        m_window->setStartScreensShown(false);
-        ASSERT_TRUE(m_window->load());
+        PaneTest::SetUp();
         m_tree = m_window->findChild<QTreeWidget*>(u"sstreemain"_s);
         ASSERT_NE(m_tree, nullptr);
-    }
-    void TearDown() override
-    {
-        m_window.reset();
-        m_app.reset();
-        QFile::remove(settingsFilePath());
     }
 
     QAction* action(const QString& name) const { return m_window->findChild<QAction*>(name); }
@@ -83,8 +65,6 @@ protected:
         mouse(bar, QEvent::MouseButtonRelease, Qt::LeftButton, at, global + QPoint(pixels, 0));
     }
 
-    std::unique_ptr<TempApp> m_app;
-    std::unique_ptr<frmMain> m_window;
     QTreeWidget* m_tree = nullptr;
 };
 
@@ -203,7 +183,7 @@ TEST_F(MainWindowTest, menusHaveTheirNamesAndCaptionsInOrder)
     EXPECT_EQ(keys, QStringList({u"tbLeagues"_s, u"tbTeams"_s, u"tbCars"_s, u"tbRaces"_s, u"tbScoring"_s}));
 }
 
-TEST_F(MainWindowTest, treePopupGreysUpdateAndDeleteAndBelongsToTheSelectedNode)
+TEST_F(MainWindowTest, treePopupGreysUpdateAndDeleteAndOpensOnlyOnTheRecordNodes)
 {
     m_tree->setCurrentItem(m_window->nodeByKey(u"Leagues"_s));
     // The right button pressed over "Teams" does not move the selection.
@@ -229,10 +209,8 @@ TEST_F(MainWindowTest, treePopupGreysUpdateAndDeleteAndBelongsToTheSelectedNode)
     rightClickNode(u"Teams"_s);
     EXPECT_FALSE(action(u"mnuLeagueDesign"_s)->isEnabled());
     league->hide();
-}
 
-TEST_F(MainWindowTest, treePopupOpensOnlyOnTheFiveRecordNodes)
-{
+    // The other record nodes open their own menus; the rest open none.
     const std::pair<const char16_t*, RecordKind> records[] = {
         {u"Teams", RecordKind::Team}, {u"Cars", RecordKind::Car},
         {u"Races", RecordKind::Race}, {u"Scoring Method", RecordKind::Scoring}};
@@ -287,35 +265,31 @@ TEST_F(MainWindowTest, viewModesMoveTheCheckMarkAndReachTheOpenPane)
 
 TEST_F(MainWindowTest, hidingTheBarsResizesTheTreeAtOnceAndChangesTheSettings)
 {
-    auto* toolbar = m_window->findChild<QToolBar*>(u"Toolbar1"_s);
-    auto* status = m_window->findChild<QStatusBar*>(u"StatusBar1"_s);
-    EXPECT_TRUE(toolbar->isVisible());
-    EXPECT_TRUE(status->isVisible());
-    EXPECT_TRUE(action(u"mnuViewToolbar"_s)->isChecked());
+    const struct {
+        QString action;
+        QWidget* bar;
+        const QString* setting;
+    } bars[] = {{u"mnuViewToolbar"_s, m_window->findChild<QToolBar*>(u"Toolbar1"_s), &gSettings.toolBar},
+                {u"mnuViewStatusbar"_s, m_window->findChild<QStatusBar*>(u"StatusBar1"_s), &gSettings.statusBar}};
     const int treeHeight = m_tree->height();
-
-    action(u"mnuViewToolbar"_s)->trigger();
-    EXPECT_FALSE(toolbar->isVisible());
-    EXPECT_FALSE(action(u"mnuViewToolbar"_s)->isChecked());
-    EXPECT_EQ(gSettings.toolBar, u"N"_s);
-    EXPECT_GT(m_tree->height(), treeHeight);
-
-    const int withoutToolbar = m_tree->height();
-    action(u"mnuViewStatusbar"_s)->trigger();
-    EXPECT_FALSE(status->isVisible());
-    EXPECT_EQ(gSettings.statusBar, u"N"_s);
-    EXPECT_GT(m_tree->height(), withoutToolbar);
-
-    action(u"mnuViewToolbar"_s)->trigger();
-    action(u"mnuViewStatusbar"_s)->trigger();
-    EXPECT_TRUE(toolbar->isVisible());
-    EXPECT_TRUE(status->isVisible());
-    EXPECT_EQ(gSettings.toolBar, u"Y"_s);
-    EXPECT_EQ(gSettings.statusBar, u"Y"_s);
+    int lastHeight = treeHeight;
+    for (const auto& b : bars) {
+        EXPECT_TRUE(b.bar->isVisible() && action(b.action)->isChecked());
+        action(b.action)->trigger();
+        EXPECT_FALSE(b.bar->isVisible() || action(b.action)->isChecked());
+        EXPECT_EQ(*b.setting, u"N"_s);
+        EXPECT_GT(m_tree->height(), lastHeight);
+        lastHeight = m_tree->height();
+    }
+    for (const auto& b : bars) {
+        action(b.action)->trigger();
+        EXPECT_TRUE(b.bar->isVisible());
+        EXPECT_EQ(*b.setting, u"Y"_s);
+    }
     EXPECT_EQ(m_tree->height(), treeHeight);
 }
 
-TEST_F(MainWindowTest, layoutMainKeepsTheTreeBetweenItsLimits)
+TEST_F(MainWindowTest, layoutMainAndTheSplitterKeepTheTreeBetweenItsLimits)
 {
     const int inner = m_window->innerWidth();
     ASSERT_GT(inner, 6000);
@@ -337,11 +311,8 @@ TEST_F(MainWindowTest, layoutMainKeepsTheTreeBetweenItsLimits)
     // Without an argument the present edge stays.
     m_window->layoutMain();
     EXPECT_EQ(m_window->splitterLeft(), inner - 1500);
-}
 
-TEST_F(MainWindowTest, draggingTheSplitterMovesTheTreeEdgeWithinItsLimits)
-{
-    const double dpi = m_window->logicalDpiX();
+    // Dragging the splitter moves the edge within the same limits.
     m_window->layoutMain(3000);
     dragSplitter(40);
     EXPECT_EQ(m_window->splitterLeft(), 3000 + pixelsToTwips(40, dpi));
@@ -358,7 +329,7 @@ TEST_F(MainWindowTest, draggingTheSplitterMovesTheTreeEdgeWithinItsLimits)
 
     // Far to the right it stops at the inner width less 500, and the layout takes it to less 1500.
     dragSplitter(5000);
-    EXPECT_EQ(m_window->splitterLeft(), m_window->innerWidth() - 1500);
+    EXPECT_EQ(m_window->splitterLeft(), inner - 1500);
 }
 
 TEST_F(MainWindowTest, windowMenuListsTheOpenPanesAndTilesThem)
@@ -392,15 +363,6 @@ TEST_F(MainWindowTest, windowMenuListsTheOpenPanesAndTilesThem)
     action(u"mnuWindowHorizontal"_s)->trigger();
     EXPECT_EQ(children[0]->geometry(), QRect(0, 0, viewport.width(), viewport.height() / 2));
     EXPECT_EQ(children[1]->y(), viewport.height() / 2);
-}
-
-TEST_F(MainWindowTest, movingTheMouseOverTheTreeResetsThePointer)
-{
-    setMousePointer(kPointerHourglass);
-    QMouseEvent move(QEvent::MouseMove, QPointF(5, 5), m_tree->viewport()->mapToGlobal(QPointF(5, 5)), Qt::NoButton,
-                     Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(m_tree->viewport(), &move);
-    EXPECT_EQ(mousePointer(), kPointerDefault);
 }
 
 #include "main_window_test.moc"

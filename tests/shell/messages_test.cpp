@@ -1,3 +1,4 @@
+#include "pane_fixture.h"
 #include "shell/app_globals.h"
 #include "shell/messages.h"
 #include "shell/outside_programs.h"
@@ -28,15 +29,9 @@ TEST(SharedMessageBoxes, CarryTheirTitlesAndIconsAndBeepFirst)
     showErrorMessage(u"bad"_s);
     showInfoMessage(u"note"_s);
     showStopMessage(u"halt"_s);
-
-    ASSERT_EQ(rec.boxes().size(), 3);
-    EXPECT_EQ(rec.boxes()[0].title, u"Lapkeeper Error"_s);
-    EXPECT_EQ(rec.boxes()[0].icon, Icon::Critical);
-    EXPECT_EQ(rec.boxes()[1].title, u"Lapkeeper Message"_s);
-    EXPECT_EQ(rec.boxes()[1].icon, Icon::Information);
-    EXPECT_EQ(rec.boxes()[2].title, u"Lapkeeper Message"_s);
-    EXPECT_EQ(rec.boxes()[2].icon, Icon::Critical);
-    EXPECT_EQ(rec.boxTexts(), (QStringList{u"bad"_s, u"note"_s, u"halt"_s}));
+    EXPECT_EQ(shownBoxes(rec), (QStringList{u"Lapkeeper Error [Critical/Ok] bad"_s,
+                                            u"Lapkeeper Message [Information/Ok] note"_s,
+                                            u"Lapkeeper Message [Critical/Ok] halt"_s}));
     EXPECT_EQ(rec.beeps(), 3);
     EXPECT_EQ(gLastBoxResult, static_cast<int32_t>(Answer::Ok));
 }
@@ -54,11 +49,8 @@ TEST(SharedMessageBoxes, DropTheHourglassWhileTheBoxStandsAndBringItBack)
     showInfoMessage(u"at rest"_s);
     // No hourglass to drop: the pointer is only put back as it was.
     EXPECT_EQ(rec.pointers(), (QList<int16_t>{kPointerDefault, kPointerDefault}));
-}
 
-TEST(StatusText, WithoutATextReadsStatus)
-{
-    RecordingPresenter rec;
+    // The status line without a text reads "Status".
     setStatusText(u"Posting"_s);
     setStatusText();
     EXPECT_EQ(rec.statusTexts(), (QStringList{u"Posting"_s, u"Status"_s}));
@@ -79,10 +71,10 @@ TEST_P(LaunchFileFailures, ShowTheTextForTheResultAndKind)
     RecordingPresenter rec;
     rec.setLaunchResult(c.result);
     EXPECT_EQ(launchFile(u"  /reports/ls.html "_s, 1, QString::fromLatin1(c.kind)), c.result);
-    ASSERT_EQ(rec.boxes().size(), 1);
-    EXPECT_EQ(rec.boxes()[0].title, u"Lapkeeper Error"_s);
-    EXPECT_EQ(rec.boxes()[0].icon, Icon::Critical);
-    EXPECT_EQ(rec.boxes()[0].text, QString::fromUtf8(c.text));
+    EXPECT_EQ(rec.launches(), QStringList{u"/reports/ls.html"_s});
+    // Results from 33 on are success and say nothing.
+    const QString text = QString::fromUtf8(c.text);
+    EXPECT_EQ(shownBoxes(rec), text.isEmpty() ? QStringList() : QStringList{u"Lapkeeper Error [Critical/Ok] "_s + text});
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -101,17 +93,9 @@ INSTANTIATE_TEST_SUITE_P(
                       "must be associated with this file type before it can be displayed."},
         LaunchFailure{"InvalidPath", 3, "SYSINFO", "Invalid path was encountered as follows:\n\n/reports/ls.html"},
         LaunchFailure{"UnknownWithHtmlNote", 7, "HTML",
-                      "Unknown error.\n\nNOTE: This maybe caused by having no browser installed."}),
+                      "Unknown error.\n\nNOTE: This maybe caused by having no browser installed."},
+        LaunchFailure{"SuccessSaysNothing", 33, "HTML", ""}),
     [](const ::testing::TestParamInfo<LaunchFailure>& info) { return std::string(info.param.name); });
-
-TEST(LaunchFile, ResultsFrom33OnAreSuccessAndSayNothing)
-{
-    RecordingPresenter rec;
-    rec.setLaunchResult(33);
-    EXPECT_EQ(launchFile(u" /reports/ls.html "_s, 1, u"HTML"_s), 33);
-    EXPECT_TRUE(rec.boxes().isEmpty());
-    EXPECT_EQ(rec.launches(), QStringList{u"/reports/ls.html"_s});
-}
 
 TEST(OpenWebPage, MapsTheWordsToTheProductSiteAndPassesAddressesOn)
 {
@@ -124,50 +108,38 @@ TEST(OpenWebPage, MapsTheWordsToTheProductSiteAndPassesAddressesOn)
                                            kProductWebSite + u"/updates.htm"_s, u"https://example.net/page"_s}));
 }
 
-TEST(PlaySound, PlaysTheNamedWaveUnderTheHourglassWithoutABeep)
+TEST(PlaySound, PlaysTheNamedWaveUnderTheHourglassOrBeepsWhenItCannot)
 {
     RecordingPresenter rec;
     playSound(u"TADA"_s);
     EXPECT_EQ(rec.launches(), QStringList{windowsFolder() + u"TADA.wav"_s});
     EXPECT_EQ(rec.beeps(), 0);
     EXPECT_EQ(rec.pointers(), (QList<int16_t>{kPointerHourglass, kPointerDefault}));
-}
 
-TEST(PlaySound, BeepsWhenTheWaveCannotBePlayedAndKeepsAnHourglass)
-{
-    RecordingPresenter rec;
     rec.setPlayResult(false);
     setMousePointer(kPointerHourglass);
     rec.clear();
     playSound(u"tada"_s);
     EXPECT_EQ(rec.launches(), QStringList{windowsFolder() + u"tada.wav"_s});
     EXPECT_EQ(rec.beeps(), 1);
-    EXPECT_EQ(rec.pointers(), QList<int16_t>{kPointerHourglass});
+    EXPECT_EQ(rec.pointers(), QList<int16_t>{kPointerHourglass});   // an hourglass stays
+    setMousePointer(kPointerDefault);
 }
 
-TEST(ShowHelp, QuitWithoutTheManualStaysSilent)
+TEST(ShowHelp, WithoutTheManualNamesTheMissingFileExceptOnQuit)
 {
     QTemporaryDir empty;
     HelpFolder folder(empty.path());
     RecordingPresenter rec;
     showHelp(u"Quit"_s);
     EXPECT_TRUE(rec.boxes().isEmpty());
-    EXPECT_TRUE(rec.launches().isEmpty());
-    EXPECT_EQ(mousePointer(), kPointerDefault);
-}
-
-TEST(ShowHelp, WithoutTheManualNamesTheMissingFile)
-{
-    QTemporaryDir empty;
-    HelpFolder folder(empty.path());
-    RecordingPresenter rec;
     showHelp(u"Index"_s);
-    ASSERT_EQ(rec.boxes().size(), 1);
-    EXPECT_EQ(rec.boxes()[0].title, u"Lapkeeper Message"_s);
-    EXPECT_EQ(rec.boxes()[0].text,
-              u"It appears that you have installed the minimum version of Lapkeeper because the the file:\n\n"_s +
-                  empty.path() + u"/index.html\n\nwas not found.  The help functionality requires the full "
-                                 u"installation of Lapkeeper."_s);
+    EXPECT_EQ(shownBoxes(rec),
+              QStringList{u"Lapkeeper Message [Information/Ok] It appears that you have installed the minimum "
+                          u"version of Lapkeeper because the the file:\n\n"_s +
+                          empty.path() +
+                          u"/index.html\n\nwas not found.  The help functionality requires the full installation "
+                          u"of Lapkeeper."_s});
     EXPECT_TRUE(rec.launches().isEmpty());
     EXPECT_EQ(rec.pointers().first(), kPointerHourglass);
     EXPECT_EQ(mousePointer(), kPointerDefault);

@@ -1,6 +1,6 @@
 #pragma once
 // The main window started on a fresh data file, with the list panes and record commands behind
-// it; the detail screens are stand-ins the test sets (recordScreens).
+// it; the detail screens are stand-ins the test sets (recordScreens). Also the boxes as text.
 #include "league/league_fixtures.h"
 #include "shell/app_globals.h"
 #include "shell/cars_pane.h"
@@ -15,6 +15,19 @@
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 #include <memory>
+
+// Every box shown so far, one line each: "title [icon/buttons] text".
+inline QStringList shownBoxes(const RecordingPresenter& presenter)
+{
+    static const char* const icons[] = {"None", "Critical", "Question", "Exclamation", "Information"};
+    static const char* const buttons[] = {"Ok", "OkCancel", "AbortRetryIgnore", "YesNoCancel", "YesNo", "RetryCancel"};
+    QStringList lines;
+    for (const RecordedBox& box : presenter.boxes())
+        lines << QStringLiteral("%1 [%2/%3] %4")
+                     .arg(box.title, QLatin1StringView(icons[int(box.icon)]),
+                          QLatin1StringView(buttons[int(box.buttons)]), box.text);
+    return lines;
+}
 
 class PaneTest : public ::testing::Test {
 protected:

@@ -9,18 +9,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A box as one line: title, icon and buttons, text.
-QString describe(const QString& title, Icon icon, Buttons buttons, const QString& text)
-{
-    return u"%1 [%2/%3] %4"_s.arg(title).arg(int(icon)).arg(int(buttons)).arg(text);
-}
 QString question(const QString& text, const QString& title)
 {
-    return describe(title, Icon::None, Buttons::YesNoCancel, text);
+    return title + u" [None/YesNoCancel] "_s + text;
 }
 QString refusal(const QString& text)
 {
-    return describe(u"Lapkeeper"_s, Icon::Critical, Buttons::Ok, text);
+    return u"Lapkeeper [Critical/Ok] "_s + text;
 }
 
 } // namespace
@@ -34,10 +29,7 @@ protected:
         for (Answer answer : answers)
             boxes().queueAnswer(answer);
         command();
-        QStringList shown;
-        for (const RecordedBox& box : boxes().boxes())
-            shown << describe(box.title, box.icon, box.buttons, box.text);
-        EXPECT_EQ(shown, expected);
+        EXPECT_EQ(shownBoxes(boxes()), expected);
     }
     static void summary(int race, int league, int team)
     {
@@ -106,8 +98,7 @@ TEST_F(RecordCommandTest, deleteRaceAsksASecondTimeOnlyWhenItHasResults)
     summary(500, 500, 500);
     refreshRaces(u"500"_s);
     const QString ask = question(u"Are you sure you want to delete Race?"_s, u"Race 500"_s);
-    const QString again = describe(u"Race 500"_s, Icon::None, Buttons::YesNo,
-                                   u"Results have been posted for this Race.\nDo you want to continue?"_s);
+    const QString again = u"Race 500 [None/YesNo] Results have been posted for this Race.\nDo you want to continue?"_s;
 
     expectBoxes(deleteRace, {Answer::Yes, Answer::No}, {ask, again});
     EXPECT_EQ(m_app->count(u"races"_s), 2);

