@@ -167,7 +167,7 @@ frmCar::frmCar(QWidget* parent)
         }
     });
     connect(txtSalary, &QLineEdit::textChanged, this, [this] {
-        m_refusedClick = nullptr;
+        m_refusedClick.clear();
         markRecordChanged();
     });
     connect(OptCar, &QRadioButton::clicked, this, [this] { kindClicked(1); });
@@ -176,7 +176,7 @@ frmCar::frmCar(QWidget* parent)
     connect(cmbRaceType, &QComboBox::activated, this, &frmCar::raceTypeActivated);
     connect(cmbGroup, &QComboBox::activated, this, &frmCar::groupActivated);
     connect(cmdApply, &QPushButton::clicked, this, [this] {
-        if (!swallowRefusedClick(cmdApply))
+        if (!m_refusedClick.swallow(cmdApply))
             applyCar();
     });
     connect(cmdOK, &QPushButton::clicked, this, &frmCar::okClicked);
@@ -287,7 +287,7 @@ void frmCar::carNumberChanged(const QString& text)
 {
     if (!isVisible())
         return;
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     m_car->setCarTxt(text);
     markRecordChanged();
     textCaption();
@@ -297,7 +297,7 @@ void frmCar::driverChanged(const QString& text)
 {
     if (!isVisible())
         return;
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     m_car->setDriverName(text);
     markRecordChanged();
     textCaption();
@@ -354,7 +354,7 @@ bool frmCar::checkDuplicateCar()
     if (!m_car->carTxtExists(txtCarNumber->text(), m_car->carNmbr(),
                              itemNumber(cmbRaceType, cmbRaceType->currentIndex()), m_car->carTypeNmbr()))
         return true;
-    noteRefusedClick();
+    m_refusedClick.note();
     messageBox(u"Duplicate Car"_s, kTitle, Icon::Critical);
     return false;
 }
@@ -364,14 +364,14 @@ bool frmCar::checkDuplicateDriver()
     if (!m_car->driverExists(txtDriver->text(), m_car->carNmbr(),
                              itemNumber(cmbRaceType, cmbRaceType->currentIndex()), m_car->carTypeNmbr()))
         return true;
-    noteRefusedClick();
+    m_refusedClick.note();
     messageBox(u"Duplicate Driver"_s, kTitle, Icon::Critical);
     return false;
 }
 
 bool frmCar::carNumberLeft()
 {
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     if (OptCar->isChecked() && cmbRaceType->currentIndex() >= 0)
         return checkDuplicateCar();
     return true;
@@ -379,7 +379,7 @@ bool frmCar::carNumberLeft()
 
 bool frmCar::driverLeft()
 {
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     if (OptDriver->isChecked() && cmbRaceType->currentIndex() >= 0)
         return checkDuplicateDriver();
     return true;
@@ -387,11 +387,11 @@ bool frmCar::driverLeft()
 
 bool frmCar::salaryLeft()
 {
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     Currency salary;
     if (Currency::parse(txtSalary->text(), salary))
         return true;
-    noteRefusedClick();
+    m_refusedClick.note();
     messageBox(u"Invalid Salary amount"_s, kTitle, Icon::Critical);
     txtSalary->selectAll();
     return false;
@@ -468,7 +468,7 @@ bool frmCar::applyCar()
 
 void frmCar::okClicked()
 {
-    if (swallowRefusedClick(cmdOK))
+    if (m_refusedClick.swallow(cmdOK))
         return;
     if (cmdApply->isEnabled() && !applyCar())
         return;
@@ -498,18 +498,3 @@ void frmCar::showCarNumber()
         messageBox(u"Car number is "_s + QString::number(m_car->carNmbr()));
 }
 
-// A button pressed with the mouse takes the focus before it is clicked. When leaving a field
-// is refused on that press, the focus goes back to the field and the click must not act.
-void frmCar::noteRefusedClick()
-{
-    if (QGuiApplication::mouseButtons() != Qt::NoButton)
-        m_refusedClick = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
-}
-
-bool frmCar::swallowRefusedClick(QAbstractButton* button)
-{
-    if (m_refusedClick != button)
-        return false;
-    m_refusedClick = nullptr;
-    return true;
-}

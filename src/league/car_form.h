@@ -1,4 +1,5 @@
 #pragma once
+#include "shell/gui_screen.h"
 #include <QDialog>
 
 class cCar;
@@ -51,13 +52,11 @@ private:
     void groupActivated(int index);
     void okClicked();
     void showCarNumber();
-    void noteRefusedClick();
-    bool swallowRefusedClick(QAbstractButton* button);
 
     cCar* m_car = nullptr;
     cDetailScreen* m_detail = nullptr;
     int m_raceTypeIndex = -1;   // the entry of cmbRaceType that the record holds
-    QAbstractButton* m_refusedClick = nullptr;   // a button whose press a refused field undid
+    cRefusedClick m_refusedClick;   // a button whose press a refused field undid
 
     QLabel* lblCarNmbr = nullptr;
     QLineEdit* txtCarNumber = nullptr;

@@ -124,7 +124,7 @@ frmLeague::frmLeague(QWidget* parent)
     // Cancel takes no focus from a click, so leaving a field unfinished does not stand in its way.
     cmdCancel->setFocusPolicy(Qt::TabFocus);
     connect(cmdApply, &QPushButton::clicked, this, [this] {
-        if (!swallowRefusedClick(cmdApply))
+        if (!m_refusedClick.swallow(cmdApply))
             saveLeague();
     });
     connect(SSTab1, &QTabWidget::currentChanged, this, &frmLeague::tabChanged);
@@ -198,11 +198,11 @@ void frmLeague::buildLeagueTab(QWidget* page)
     connect(txtLeagueName, &QLineEdit::textChanged, this, &frmLeague::leagueNameChanged);
     connect(txtShortName, &QLineEdit::textChanged, this, &frmLeague::shortNameChanged);
     connect(txtSalaryCap, &QLineEdit::textChanged, this, [this] {
-        m_refusedClick = nullptr;
+        m_refusedClick.clear();
         markRecordChanged();
     });
     connect(txtDropLowest, &QLineEdit::textChanged, this, [this] {
-        m_refusedClick = nullptr;
+        m_refusedClick.clear();
         markRecordChanged();
     });
     connect(cmbScoringType, &QComboBox::activated, this, &frmLeague::scoringTypeActivated);
@@ -387,10 +387,10 @@ void frmLeague::carTypeActivated(int index)
 // Leaving the salary cap: a number is stored and shown again as currency.
 bool frmLeague::checkSalaryCap()
 {
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     Currency cap;
     if (!Currency::parse(txtSalaryCap->text(), cap)) {
-        noteRefusedClick();
+        m_refusedClick.note();
         messageBox(u"Invalid Salary Cap amount"_s, kTitle, Icon::Critical);
         return false;
     }
@@ -402,7 +402,7 @@ bool frmLeague::checkSalaryCap()
 // Leaving the drop count: a number that fits the column is stored.
 bool frmLeague::checkDropLowest()
 {
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     const cVariant typed(txtDropLowest->text());
     bool fits = typed.isNumeric();
     int16_t count = 0;
@@ -414,27 +414,11 @@ bool frmLeague::checkDropLowest()
         }
     }
     if (!fits) {
-        noteRefusedClick();
+        m_refusedClick.note();
         messageBox(u"Invalid Drop Lowest amount"_s, kTitle, Icon::Critical);
         return false;
     }
     m_league->setDropLowest(count);
-    return true;
-}
-
-// A button pressed with the mouse takes the focus before it is clicked. When leaving a field
-// is refused on that press, the focus goes back to the field and the click must not act.
-void frmLeague::noteRefusedClick()
-{
-    if (QGuiApplication::mouseButtons() != Qt::NoButton)
-        m_refusedClick = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
-}
-
-bool frmLeague::swallowRefusedClick(QAbstractButton* button)
-{
-    if (m_refusedClick != button)
-        return false;
-    m_refusedClick = nullptr;
     return true;
 }
 
@@ -592,7 +576,7 @@ void frmLeague::tabChanged(int index)
 
 void frmLeague::okClicked()
 {
-    if (swallowRefusedClick(cmdOK))
+    if (m_refusedClick.swallow(cmdOK))
         return;
     if (cmdApply->isEnabled() && !saveLeague())
         return;

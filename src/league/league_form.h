@@ -1,4 +1,5 @@
 #pragma once
+#include "shell/gui_screen.h"
 #include <QDialog>
 #include <cstdint>
 #include <memory>
@@ -55,8 +56,6 @@ private:
     bool checkSalaryCap();
     bool checkDropLowest();
     bool storeTypedAmounts();
-    bool swallowRefusedClick(QAbstractButton* button);
-    void noteRefusedClick();
     void teamItemChanged(QTreeWidgetItem* item, int column);
     void tabChanged(int index);
     void okClicked();
@@ -71,7 +70,7 @@ private:
     bool m_teamListChanged = false;
     bool m_filling = false;
     bool m_changingTab = false;
-    QAbstractButton* m_refusedClick = nullptr;   // a button whose press a refused field undid
+    cRefusedClick m_refusedClick;   // a button whose press a refused field undid
 
     QTabWidget* SSTab1 = nullptr;
     QLabel* lblName = nullptr;

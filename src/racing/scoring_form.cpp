@@ -188,7 +188,7 @@ void frmScoring::fill(cScoringType& method)
     m_pointsChanged = false;
     m_topChanged = false;
     m_refusedField = nullptr;
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     cmdApply->setEnabled(false);
     m_filling = false;
 }
@@ -235,7 +235,7 @@ void frmScoring::installCheck(QLineEdit* field, FieldCheck check)
 
 bool frmScoring::invalidEntry(QLineEdit* field)
 {
-    noteRefusedClick();
+    m_refusedClick.note();
     m_refusedField = field;
     messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
     field->clear();
@@ -246,7 +246,7 @@ bool frmScoring::invalidEntry(QLineEdit* field)
 bool frmScoring::checkWholeOrBlank(QLineEdit* field)
 {
     m_refusedField = nullptr;
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     const QString text = field->text();
     if (isBlankText(text))
         return true;
@@ -260,7 +260,7 @@ bool frmScoring::checkWholeOrBlank(QLineEdit* field)
 bool frmScoring::checkSignedNumber(QLineEdit* field)
 {
     m_refusedField = nullptr;
-    m_refusedClick = nullptr;
+    m_refusedClick.clear();
     if (isBlankText(field->text())) {
         field->setText(u"0"_s);
         return true;
@@ -282,7 +282,7 @@ bool frmScoring::checkBonus(QLineEdit* field, void (cScoringType::*store)(int16_
             bonus = cVariant(field->text().trimmed()).toInt16();
             return true;
         })) {
-        noteRefusedClick();
+        m_refusedClick.note();
         m_refusedField = field;
         field->selectAll();
         return false;
@@ -298,22 +298,6 @@ bool frmScoring::validateFocusedField()
     auto* focused = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     const auto check = m_checks.constFind(focused);
     return check == m_checks.constEnd() || (*check)->validateNow();
-}
-
-// A button pressed with the mouse takes the focus before it is clicked. When leaving a field
-// is refused on that press, the focus goes back to the field and the click must not act.
-void frmScoring::noteRefusedClick()
-{
-    if (QGuiApplication::mouseButtons() != Qt::NoButton)
-        m_refusedClick = qobject_cast<QPushButton*>(QApplication::focusWidget());
-}
-
-bool frmScoring::swallowRefusedClick(QPushButton* button)
-{
-    if (m_refusedClick != button)
-        return false;
-    m_refusedClick = nullptr;
-    return true;
 }
 
 // ---------------------------------------------------------------- tabs
@@ -427,14 +411,14 @@ bool frmScoring::saveScoringForm()
 
 void frmScoring::applyClicked()
 {
-    if (swallowRefusedClick(cmdApply) || !validateFocusedField())
+    if (m_refusedClick.swallow(cmdApply) || !validateFocusedField())
         return;
     saveScoringForm();
 }
 
 void frmScoring::okClicked()
 {
-    if (swallowRefusedClick(cmdOk) || !validateFocusedField())
+    if (m_refusedClick.swallow(cmdOk) || !validateFocusedField())
         return;
     if (cmdApply->isEnabled() && !saveScoringForm())
         return;

@@ -1,4 +1,5 @@
 #pragma once
+#include "shell/gui_screen.h"
 #include <QDialog>
 #include <QHash>
 #include <cstdint>
@@ -53,8 +54,6 @@ private:
     bool checkSignedNumber(QLineEdit* field);
     bool invalidEntry(QLineEdit* field);
     bool validateFocusedField();
-    void noteRefusedClick();
-    bool swallowRefusedClick(QPushButton* button);
     void installCheck(QLineEdit* field, FieldCheck check);
     void clearGrid(cScoringGrid* grid);
     void placeRowCreated(int row);
@@ -78,7 +77,7 @@ private:
     bool m_topLoaded = false;
     bool m_filling = false;
     int m_currentTab = kMethodTab;
-    QPushButton* m_refusedClick = nullptr;   // a button whose press a refused field undid
+    cRefusedClick m_refusedClick;   // a button whose press a refused field undid
     QLineEdit* m_refusedField = nullptr;     // the field whose rule refused it last, if any
     QHash<QLineEdit*, cValidateOnLeave*> m_checks;
 

@@ -7,6 +7,7 @@
 #include "shell/messages.h"
 #include "store/variant.h"
 
+#include <QPushButton>
 #include <QApplication>
 #include <QLineEdit>
 
@@ -172,7 +173,7 @@ bool frmScoring::saveTopScoringRows()
 
 void frmScoring::clearScoringClicked()
 {
-    if (swallowRefusedClick(cmdClearScoring) || !m_method)
+    if (m_refusedClick.swallow(cmdClearScoring) || !m_method)
         return;
     const QString name = m_method->scoringTypeName();
     if (messageBox(u"Are you sure you want to delete Scoring per Place for "_s + name + u"?"_s, name, Icon::Question,
@@ -190,7 +191,7 @@ void frmScoring::clearScoringClicked()
 
 void frmScoring::clearTopScoringClicked()
 {
-    if (swallowRefusedClick(cmdClearTopScoring) || !m_method)
+    if (m_refusedClick.swallow(cmdClearTopScoring) || !m_method)
         return;
     const QString name = m_method->scoringTypeName();
     if (messageBox(u"Are you sure you want to delete Top Scoring "_s + name + u"?"_s, name, Icon::Question,

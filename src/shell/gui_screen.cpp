@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QGuiApplication>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QTimer>
@@ -112,6 +113,20 @@ void cDetailScreen::cancel()
 bool cDetailScreen::saveBeforeLeaving()
 {
     return !applyEnabled() || apply();
+}
+
+void cRefusedClick::note()
+{
+    if (QGuiApplication::mouseButtons() != Qt::NoButton)
+        m_button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+}
+
+bool cRefusedClick::swallow(QAbstractButton* button)
+{
+    if (m_button != button)
+        return false;
+    m_button = nullptr;
+    return true;
 }
 
 void selectTextOnFocus(QWidget* field)

@@ -1,6 +1,7 @@
 #pragma once
 // Small pieces every detail screen shares: the "on validate" check when a field is left, and
 // the Apply/OK/Cancel rules of a screen that edits one record.
+#include <QAbstractButton>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -62,6 +63,19 @@ private:
     QAbstractButton* m_cmdApply;
     Hooks m_hooks;
     bool m_changed = false;
+};
+
+// A button pressed with the mouse takes the focus before it is clicked. When leaving a field is
+// refused on that press, the focus goes back to the field and the click must not act: the field's
+// check calls note(), and the button's handler asks swallow() first.
+class cRefusedClick {
+public:
+    void note();
+    bool swallow(QAbstractButton* button);   // true once for the button whose press was refused
+    void clear() { m_button = nullptr; }
+
+private:
+    QPointer<QAbstractButton> m_button;
 };
 
 // Selects the whole text of a line edit or spin box when it gets the focus.
