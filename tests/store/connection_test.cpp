@@ -91,8 +91,9 @@ TEST_P(RefusedDataFile, shows_the_engine_message_then_unable_to_connect_and_stay
     EXPECT_EQ(app.presenter().boxTexts(),
               (QStringList{QString::fromUtf8(GetParam().engineMessage), u"Unable to connect to Database"_s}));
     QFile after(app.dataFile());
-    if (after.open(QIODevice::ReadOnly))
+    if (after.open(QIODevice::ReadOnly)) {
         EXPECT_EQ(after.readAll(), before);   // nothing overwritten
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -55,7 +55,10 @@ std::optional<QString> RecordingPresenter::chooseFile(const FileDialogRequest& r
         ADD_FAILURE() << "unexpected file dialog: " << qPrintable(request.title);
         return std::nullopt;
     }
-    auto file = m_files.front();
+    const bool chosen = m_files.front().has_value();
+    const QString file = m_files.front().value_or(QString());
     m_files.pop_front();
+    if (!chosen)
+        return std::nullopt;
     return file;
 }
