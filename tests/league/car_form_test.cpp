@@ -16,8 +16,9 @@ protected:
     // Opens the screen on a new entry, or on the stored entry of that number.
     void open(int number = 0)
     {
-        if (number > 0)
+        if (number > 0) {
             ASSERT_EQ(car.load(static_cast<int16_t>(number)), 1);
+        }
         form.fill(car);
         showActive(form);
     }

@@ -154,6 +154,7 @@ inline void expectLastBox(TempApp& app, const QString& text, Icon icon = Icon::C
 inline void expectRefusal(TempApp& app, const QString& text, const QString& focused = {})
 {
     expectLastBox(app, text);
-    if (!focused.isEmpty())
+    if (!focused.isEmpty()) {
         EXPECT_EQ(focusName(), focused);
+    }
 }

@@ -49,8 +49,9 @@ void expectNoBox(TempApp& app)
 struct SingleEntry {
     explicit SingleEntry(double total, int existingCar = 0)
     {
-        if (existingCar > 0)
+        if (existingCar > 0) {
             EXPECT_EQ(entry.load(500, static_cast<int16_t>(existingCar)), 1);
+        }
         entry.setTeamNmbr(500);
         totalSalary = Currency::fromDouble(total);
         form.setDatePicker([](const QDate&) { return std::optional<QDate>(QDate(2002, 3, 17)); });

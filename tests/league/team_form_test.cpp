@@ -20,8 +20,9 @@ QString inDays(int days) { return shortDate(QDate::currentDate().addDays(days));
 struct TeamScreen {
     explicit TeamScreen(int number = 0)
     {
-        if (number > 0)
+        if (number > 0) {
             EXPECT_EQ(team.load(static_cast<int16_t>(number)), 1);
+        }
         form.setLeagueTeamsOpener([this](cTeam& t) {
             ++leagueTeamsOpened;
             if (onLeagueTeams)

