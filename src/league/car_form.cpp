@@ -413,12 +413,7 @@ void frmCar::salaryFocusLost()
 // its field.
 bool frmCar::validateCar()
 {
-    auto refuse = [](const QString& text, QWidget* field) {
-        messageBox(text, kTitle, Icon::Critical);
-        if (field)
-            field->setFocus(Qt::OtherFocusReason);
-        return false;
-    };
+    const auto refuse = [](const QString& text, QWidget* field) { return refuseField(text, field); };
     if (cmbRaceType->currentIndex() < 0)
         return refuse(u"Race Type is a required field"_s, cmbRaceType);
     if (!optBonus->isChecked() && txtCarNumber->text().isEmpty())

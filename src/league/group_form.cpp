@@ -164,9 +164,7 @@ bool frmGroup::maxNmbrLeft()
 bool frmGroup::saveGroup()
 {
     if (txtName->text().trimmed().isEmpty()) {
-        messageBox(u"Name is a required field"_s, u"Lapkeeper"_s, Icon::Critical);
-        txtName->setFocus(Qt::OtherFocusReason);
-        return false;
+        return refuseField(u"Name is a required field"_s, txtName);
     }
     return m_group->CommitChanges();
 }

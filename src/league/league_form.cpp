@@ -448,9 +448,7 @@ bool frmLeague::refuse(const QString& message, QWidget* field)
         SSTab1->setCurrentIndex(0);
         m_filling = filling;
     }
-    field->setFocus(Qt::OtherFocusReason);
-    if (auto* edit = qobject_cast<QLineEdit*>(field))
-        edit->selectAll();
+    focusField(field, true);
     return false;
 }
 

@@ -81,9 +81,7 @@ void frmRaceType::nameChanged(const QString& text)
 bool frmRaceType::saveRaceType()
 {
     if (txtName->text().trimmed().isEmpty()) {
-        messageBox(u"Name is a required field"_s, u"Lapkeeper"_s, Icon::Critical);
-        txtName->setFocus(Qt::OtherFocusReason);
-        return false;
+        return refuseField(u"Name is a required field"_s, txtName);
     }
     return m_raceType->CommitChanges();
 }

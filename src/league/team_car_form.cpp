@@ -386,13 +386,7 @@ void frmTeamCar::pickDate(QLineEdit* field)
 
 bool frmTeamCar::refuse(const QString& message, QWidget* field)
 {
-    messageBox(message, kTitle, Icon::Critical);
-    if (field && field->isEnabled()) {
-        field->setFocus(Qt::OtherFocusReason);
-        if (auto* edit = qobject_cast<QLineEdit*>(field))
-            edit->selectAll();
-    }
-    return false;
+    return refuseField(message, field, true);
 }
 
 bool frmTeamCar::saveEntry()

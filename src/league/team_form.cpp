@@ -336,9 +336,7 @@ bool frmTeam::refuse(const QString& message, QWidget* field)
 {
     messageBox(message, kTitle, Icon::Critical);
     SSTab1->setCurrentIndex(0);
-    field->setFocus(Qt::OtherFocusReason);
-    if (auto* edit = qobject_cast<QLineEdit*>(field))
-        edit->selectAll();
+    focusField(field, true);
     return false;
 }
 

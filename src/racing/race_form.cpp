@@ -45,10 +45,7 @@ bool frmRace::headToHeadTabEnabled()
 
 bool frmRace::refuse(const QString& text, QWidget* focus)
 {
-    messageBox(text, kTitle, Icon::Critical);
-    if (focus)
-        focus->setFocus(Qt::OtherFocusReason);
-    return false;
+    return refuseField(text, focus);
 }
 
 int16_t frmRace::itemNumber(const QComboBox* combo, int index)

@@ -235,10 +235,7 @@ void frmDisplayCars::showWorkingCar()
 
 bool frmDisplayCars::refuse(const QString& message, QWidget* field)
 {
-    messageBox(message, kTitle, Icon::Critical);
-    if (field)
-        field->setFocus(Qt::OtherFocusReason);
-    return false;
+    return refuseField(message, field);
 }
 
 bool frmDisplayCars::checkDuplicateCar()

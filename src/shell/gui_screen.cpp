@@ -129,6 +129,22 @@ bool cRefusedClick::swallow(QAbstractButton* button)
     return true;
 }
 
+void focusField(QWidget* field, bool selectText)
+{
+    if (!field || !field->isEnabled())
+        return;
+    field->setFocus(Qt::OtherFocusReason);
+    if (auto* edit = qobject_cast<QLineEdit*>(field); edit && selectText)
+        edit->selectAll();
+}
+
+bool refuseField(const QString& message, QWidget* field, bool selectText)
+{
+    messageBox(message, QStringLiteral("Lapkeeper"), Icon::Critical);
+    focusField(field, selectText);
+    return false;
+}
+
 void selectTextOnFocus(QWidget* field)
 {
     struct Selector : QObject {

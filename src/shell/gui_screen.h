@@ -78,5 +78,11 @@ private:
     QPointer<QAbstractButton> m_button;
 };
 
+// A check's refusal: the message in a critical box titled "Lapkeeper", then the focus on the
+// field (when there is one and it is enabled), its text selected when asked.
+bool refuseField(const QString& message, QWidget* field, bool selectText = false);
+// Puts the focus on a field and, when asked, selects its text.
+void focusField(QWidget* field, bool selectText);
+
 // Selects the whole text of a line edit or spin box when it gets the focus.
 void selectTextOnFocus(QWidget* field);
