@@ -2,10 +2,10 @@
 // posting of races. Not a test: it prints milliseconds.
 //
 //   bench_posting [leagues=10] [teams=100] [races=36]
+#include "base/app_globals.h"
 #include "league/league.h"
 #include "racing/posting.h"
 #include "racing/races.h"
-#include "shell/app_globals.h"
 #include "shell/console_presenter.h"
 #include "store/connection.h"
 #include "store/schema.h"

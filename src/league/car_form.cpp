@@ -1,10 +1,10 @@
 #include "league/car_form.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 #include "league/car.h"
 #include "league/group.h"
 #include "league/race_type.h"
 #include "league/team_car.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 #include "store/currency.h"
 
 #include <QAbstractButton>

@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/gui_screen.h"
+#include "base/detail_screen.h"
 #include <QDialog>
 
 class cCar;

@@ -1,7 +1,7 @@
 #include "league/group_form.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 #include "league/group.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 #include "store/variant.h"
 
 #include <QCheckBox>

@@ -1,9 +1,9 @@
 #include "league/groups_form.h"
+#include "base/messages.h"
+#include "base/runtime_error.h"
 #include "league/car.h"
 #include "league/group.h"
 #include "league/group_form.h"
-#include "shell/messages.h"
-#include "store/runtime_error.h"
 
 #include <QTreeWidget>
 

@@ -1,4 +1,6 @@
 #include "league/league_form.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 #include "league/car_type.h"
 #include "league/league.h"
 #include "league/league_teams.h"
@@ -6,8 +8,6 @@
 #include "league/team.h"
 #include "racing/scoring_method.h"
 #include "racing/team_results.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 #include "store/currency.h"
 #include "store/variant.h"
 

@@ -1,7 +1,7 @@
 #include "league/race_type_form.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 #include "league/race_type.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

@@ -1,10 +1,10 @@
 #include "league/race_types_form.h"
+#include "base/messages.h"
+#include "base/runtime_error.h"
 #include "league/league.h"
 #include "league/race_type.h"
 #include "league/race_type_form.h"
 #include "racing/races.h"
-#include "shell/messages.h"
-#include "store/runtime_error.h"
 
 #include <QTreeWidget>
 

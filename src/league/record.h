@@ -1,7 +1,7 @@
 #pragma once
+#include "base/runtime_error.h"
 #include "store/connection.h"
 #include "store/currency.h"
-#include "store/runtime_error.h"
 #include "store/variant.h"
 
 #include <QDate>

@@ -1,7 +1,6 @@
 #include "league/team_car.h"
 #include "league/car.h"
 #include "league/league.h"
-#include "racing/races.h"
 #include "store/dates.h"
 
 #include <vector>
@@ -250,13 +249,9 @@ int16_t cTeamCarCollection::loadGroup(int16_t teamNmbr, int16_t groupNmbr)
                     u" AND A.term_dt is NULL "_s);
 }
 
-int16_t cTeamCarCollection::loadDNQcars(const cRaces& race, const cLeague& league)
+int16_t cTeamCarCollection::loadDNQcars(int16_t raceNmbr, const cLeague& league)
 {
-    return loadDNQcars(race.raceNmbr(), league.leagueNmbr());
-}
-
-int16_t cTeamCarCollection::loadDNQcars(int16_t raceNmbr, int16_t leagueNmbr)
-{
+    const int16_t leagueNmbr = league.leagueNmbr();
     if (!m_db.OpenResultSet(u"SELECT race_dt, race_type_nmbr "_s
                             u" FROM races "_s
                             u" WHERE race_nmbr = "_s + number(raceNmbr)) ||

@@ -7,7 +7,6 @@
 #include <optional>
 
 class cLeague;
-class cRaces;
 
 // One roster entry (row of team_car): a team held a car, driver or bonus entry from efctvDt
 // until termDt. The entry is in force for a race on day d when efctvDt <= d and termDt is
@@ -81,7 +80,8 @@ public:
     int16_t loadGroup(int16_t teamNmbr, int16_t groupNmbr);
     // Entries of the league's teams, of the race's series, in force on the race day and with no
     // result row in the race.
-    int16_t loadDNQcars(const cRaces& race, const cLeague& league);
+    // The race comes by number: the calendar's records live a layer above this one.
+    int16_t loadDNQcars(int16_t raceNmbr, const cLeague& league);
 
     // Replaces the team's whole roster by the list (locked_salary is not written).
     bool insertNew(int16_t teamNmbr);
@@ -97,8 +97,6 @@ public:
     bool TermAll(int16_t teamNmbr, const QDate& termDt);
 
 private:
-    // By numbers only here: two 16-bit arguments are too easily swapped by a caller.
-    int16_t loadDNQcars(int16_t raceNmbr, int16_t leagueNmbr);
     int16_t loadFrom(const QString& statement);
     void loadForExistsTest(std::optional<int16_t> teamNmbr, std::optional<int16_t> carNmbr);
     void fill();

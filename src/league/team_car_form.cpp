@@ -1,4 +1,7 @@
 #include "league/team_car_form.h"
+#include "base/date_form.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 #include "league/car.h"
 #include "league/group.h"
 #include "league/league.h"
@@ -6,9 +9,6 @@
 #include "league/team_car.h"
 #include "racing/races.h"
 #include "racing/team_results.h"
-#include "shell/date_form.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 #include "store/dates.h"
 
 #include <QComboBox>

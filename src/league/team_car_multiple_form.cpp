@@ -1,9 +1,9 @@
 #include "league/team_car_multiple_form.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 #include "league/car.h"
 #include "league/team.h"
 #include "league/team_car.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 #include "store/dates.h"
 
 #include <QComboBox>

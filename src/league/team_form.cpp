@@ -1,4 +1,6 @@
 #include "league/team_form.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 #include "league/car_type.h"
 #include "league/league.h"
 #include "league/league_teams.h"
@@ -8,8 +10,6 @@
 #include "league/team_car.h"
 #include "league/team_car_form.h"
 #include "league/team_car_multiple_form.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 
 #include <QComboBox>
 #include <QEvent>

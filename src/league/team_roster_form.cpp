@@ -1,9 +1,9 @@
+#include "base/messages.h"
 #include "league/car.h"
 #include "league/team.h"
 #include "league/team_car.h"
 #include "league/team_form.h"
 #include "racing/team_results.h"
-#include "shell/messages.h"
 #include "store/dates.h"
 
 #include <QGridLayout>

@@ -1,14 +1,14 @@
 #include "racing/posting.h"
-#include "exchange/input_file.h"
+#include "base/app_globals.h"
+#include "base/input_file.h"
+#include "base/messages.h"
+#include "base/runtime_error.h"
 #include "league/league.h"
 #include "racing/races.h"
 #include "racing/results.h"
 #include "racing/standings.h"
 #include "racing/team_results.h"
-#include "shell/app_globals.h"
-#include "shell/messages.h"
 #include "store/connection.h"
-#include "store/runtime_error.h"
 
 #include <QFileInfo>
 #include <functional>
@@ -48,6 +48,15 @@ bool clearRacePosting(const cRaces& race)
 {
     cResultsCollection results;
     return results.deleteTeamResultsSummary(race.raceNmbr()) && results.deleteTeamResults(race.raceNmbr());
+}
+
+void clearPostingsForNewSeason()
+{
+    cRacesCollection races;
+    races.load();
+    cResultsCollection results;
+    for (const cRaces& race : races)
+        results.deletePosting(race.raceNmbr());
 }
 
 void postRace(const cRaces& race)

@@ -17,6 +17,8 @@ void postResults(const cRaces& race);
 
 // Removes the race's summary rows and then its scored rows, in every league.
 bool clearRacePosting(const cRaces& race);
+// Deletes the scored rows of every race (summary first); results, races and rosters stay.
+void clearPostingsForNewSeason();
 // Clears the race and posts it to every league of its race type.
 void postRace(const cRaces& race);
 // Runs the steps for a league whose scoring option is 1 or 2; "Invalid Scoring Method" otherwise.

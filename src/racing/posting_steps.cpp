@@ -1,5 +1,6 @@
 // The posting steps of cTeamResults: each works on the team_results rows of one league and
 // race, takes the league and the race, and returns false to stop the league's posting.
+#include "base/messages.h"
 #include "league/car.h"
 #include "league/league.h"
 #include "league/league_teams.h"
@@ -8,7 +9,6 @@
 #include "racing/results.h"
 #include "racing/scoring_points.h"
 #include "racing/team_results.h"
-#include "shell/messages.h"
 
 #include <QSet>
 
@@ -194,7 +194,7 @@ bool cTeamResults::insertDNQDrivers(const cLeague& league, const cRaces& race)
     cTeamResultsCollection previous;
     previous.loadPreviousRace(league, race);
     cTeamCarCollection cars;
-    cars.loadDNQcars(race, league);
+    cars.loadDNQcars(race.raceNmbr(), league);
     for (const cTeamCar& car : cars) {
         if (!insertRow(race.raceNmbr(), place, 0, car.carNmbr(), car.teamNmbr(), 2, 0, 0, 0, 0, 0, 0,
                        previous.getTotalPoints(car.carNmbr(), car.teamNmbr()), league.leagueNmbr()))

@@ -1,11 +1,11 @@
 #include "racing/race_form.h"
+#include "base/date_form.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 #include "league/car_type.h"
 #include "league/race_type.h"
 #include "racing/races.h"
 #include "racing/results.h"
-#include "shell/date_form.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 #include "store/dates.h"
 
 #include <QApplication>

@@ -1,5 +1,6 @@
 // The tab "Head to Head" of the race screen: per league, who plays whom in this race. A pair of
 // a team and a bye is stored with 0 for the bye; a row of two byes is not stored.
+#include "base/detail_screen.h"
 #include "league/league.h"
 #include "league/league_teams.h"
 #include "league/team.h"
@@ -7,7 +8,6 @@
 #include "racing/race_form.h"
 #include "racing/race_row_grid_form.h"
 #include "racing/races.h"
-#include "shell/gui_screen.h"
 
 #include <QApplication>
 #include <QComboBox>

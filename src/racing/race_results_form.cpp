@@ -1,15 +1,14 @@
 // The tab "Results" of the race screen: the grid of result rows with its one car chooser, the
 // field rules, and the commands on the race's results and posting.
+#include "base/app_globals.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 #include "league/car_form.h"
 #include "racing/posting.h"
 #include "racing/race_form.h"
 #include "racing/race_row_grid_form.h"
 #include "racing/races.h"
 #include "racing/results.h"
-#include "shell/app_globals.h"
-#include "shell/gui_presenter.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -460,15 +459,12 @@ void frmRace::postResultsClicked()
 {
     if (!saveRaceForm())
         return;
-    auto* gui = dynamic_cast<GuiPresenter*>(&presenter());
     pbStatus->setValue(0);
     pbStatus->show();
-    if (gui)
-        gui->setProgressBar(pbStatus);
+    presenter().setProgressBar(pbStatus);
     setMousePointer(kPointerHourglass);
-    const auto restore = qScopeGuard([this, gui] {
-        if (gui)
-            gui->setProgressBar(nullptr);
+    const auto restore = qScopeGuard([this] {
+        presenter().setProgressBar(nullptr);
         pbStatus->hide();
         setMousePointer(kPointerDefault);
     });

@@ -1,10 +1,10 @@
+#include "base/detail_screen.h"
+#include "base/messages.h"
+#include "base/run_trapped.h"
 #include "racing/scoring_form.h"
 #include "racing/scoring_grid_form.h"
 #include "racing/scoring_method.h"
 #include "racing/scoring_points.h"
-#include "shell/gui_application.h"
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
 #include "store/variant.h"
 
 #include <QPushButton>

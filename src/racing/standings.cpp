@@ -1,9 +1,9 @@
 #include "racing/standings.h"
+#include "base/messages.h"
 #include "league/league.h"
 #include "league/league_teams.h"
 #include "racing/races.h"
 #include "racing/scoring_points.h"
-#include "shell/messages.h"
 
 using namespace Qt::StringLiterals;
 

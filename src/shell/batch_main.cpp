@@ -1,16 +1,15 @@
 // lapkeeper-batch: the program's core without a window, for operators who automate
 // (a cron job that posts and publishes) and for acceptance tests.
+#include "base/app_globals.h"
+#include "base/runtime_error.h"
 #include "league/league.h"
 #include "racing/posting.h"
 #include "racing/races.h"
 #include "racing/results.h"
 #include "racing/scoring_points.h"
 #include "racing/standings.h"
-#include "shell/app_globals.h"
 #include "shell/console_presenter.h"
 #include "store/connection.h"
-#include "store/maintenance.h"
-#include "store/runtime_error.h"
 #include "store/schema.h"
 
 #include <QCoreApplication>

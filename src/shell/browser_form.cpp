@@ -1,6 +1,6 @@
 #include "shell/browser_form.h"
-#include "shell/app_globals.h"
-#include "shell/messages.h"
+#include "base/app_globals.h"
+#include "base/messages.h"
 
 #include <QComboBox>
 #include <QDir>

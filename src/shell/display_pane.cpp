@@ -1,5 +1,5 @@
 #include "shell/display_pane.h"
-#include "shell/app_globals.h"
+#include "base/app_globals.h"
 #include "shell/gui_record_commands.h"
 #include "shell/main_window.h"
 #include "shell/startup.h"

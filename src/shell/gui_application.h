@@ -1,6 +1,5 @@
 #pragma once
 #include <QApplication>
-#include <functional>
 
 // The program's application object. A run-time error that no routine traps ends here, at the
 // top of the event loop: it is shown in a critical box titled "Lapkeeper" with its description,
@@ -11,7 +10,3 @@ public:
 
     bool notify(QObject* receiver, QEvent* event) override;
 };
-
-// Runs work; a run-time error (or any other exception) thrown inside is shown as above and
-// the result is false.
-bool runTrapped(const std::function<bool()>& work);

@@ -2,7 +2,7 @@
 // The presenter of the running program: message boxes, the override cursor, the status bar,
 // the race screen's progress bar, the desktop's handlers, a command-line wave player and the
 // file dialogs.
-#include "shell/messages.h"
+#include "base/messages.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -21,8 +21,7 @@ public:
     // The first panel of this bar gets the status texts (a label added on the left).
     void setStatusBar(QStatusBar* bar);
     QLabel* statusPanel() const { return m_statusPanel; }
-    // The bar that advanceProgress steps; nullptr when no screen uses one.
-    void setProgressBar(QProgressBar* bar) { m_progressBar = bar; }
+    void setProgressBar(QProgressBar* bar) override { m_progressBar = bar; }
 
     Answer messageBox(const QString& text, const QString& title, Icon icon, Buttons buttons) override;
     void beep() override;

@@ -1,4 +1,5 @@
 #include "shell/gui_record_commands.h"
+#include "base/messages.h"
 #include "league/car.h"
 #include "league/car_form.h"
 #include "league/league.h"
@@ -16,7 +17,6 @@
 #include "shell/cars_pane.h"
 #include "shell/display_pane.h"
 #include "shell/main_window.h"
-#include "shell/messages.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
-#include "shell/display_pane.h"
 #include "league/car_type.h"
 #include "league/league.h"
 #include "league/race_type.h"
 #include "racing/scoring_method.h"
+#include "shell/display_pane.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,8 @@
 #include <QLabel>
 #include <QProgressBar>
 
-#include "shell/app_globals.h"
+#include "base/app_globals.h"
+#include "base/run_trapped.h"
 #include "shell/gui_application.h"
 #include "shell/gui_presenter.h"
 #include "shell/main_window.h"

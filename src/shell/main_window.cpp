@@ -3,9 +3,9 @@
 #include <QLabel>
 #include <QProgressBar>
 
-#include "shell/app_globals.h"
+#include "base/app_globals.h"
+#include "base/messages.h"
 #include "shell/gui_presenter.h"
-#include "shell/messages.h"
 #include "shell/settings.h"
 #include "shell/splash_form.h"
 #include "shell/startup.h"

@@ -1,13 +1,14 @@
-#include "shell/main_window.h"
+#include "base/app_globals.h"
+#include "base/messages.h"
 #include "league/groups_form.h"
 #include "league/race_types_form.h"
+#include "racing/posting.h"
 #include "shell/about_form.h"
-#include "shell/app_globals.h"
 #include "shell/gui_record_commands.h"
-#include "shell/messages.h"
+#include "shell/main_window.h"
+#include "shell/maintenance_commands.h"
 #include "shell/record_kinds.h"
 #include "shell/settings.h"
-#include "store/maintenance.h"
 
 #include <QAction>
 #include <QActionGroup>

@@ -1,7 +1,7 @@
-#include "shell/display_pane.h"
 #include "league/car_type.h"
 #include "league/race_type.h"
 #include "racing/races.h"
+#include "shell/display_pane.h"
 #include "store/dates.h"
 
 using namespace Qt::StringLiterals;

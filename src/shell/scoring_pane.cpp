@@ -1,5 +1,5 @@
-#include "shell/display_pane.h"
 #include "racing/scoring_method.h"
+#include "shell/display_pane.h"
 
 using namespace Qt::StringLiterals;
 

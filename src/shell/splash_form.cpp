@@ -1,6 +1,6 @@
 #include "shell/splash_form.h"
+#include "base/app_globals.h"
 #include "shell/about_form.h"
-#include "shell/app_globals.h"
 
 #include <QCloseEvent>
 #include <QFrame>

@@ -1,10 +1,10 @@
 #include "shell/startup.h"
-#include "shell/app_globals.h"
-#include "shell/messages.h"
+#include "base/app_globals.h"
+#include "base/messages.h"
+#include "base/runtime_error.h"
 #include "shell/settings.h"
 #include "store/connection.h"
 #include "store/maintenance.h"
-#include "store/runtime_error.h"
 #include "store/schema.h"
 
 #include <QDir>

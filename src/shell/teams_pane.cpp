@@ -1,7 +1,7 @@
-#include "shell/display_pane.h"
 #include "league/car_type.h"
 #include "league/race_type.h"
 #include "league/team.h"
+#include "shell/display_pane.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "shell/welcome_form.h"
+#include "base/app_globals.h"
+#include "base/messages.h"
 #include "shell/about_form.h"
-#include "shell/app_globals.h"
-#include "shell/messages.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

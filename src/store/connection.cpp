@@ -1,9 +1,9 @@
 #define SQLITE_HAS_CODEC 1
 #include "store/connection.h"
-#include "shell/app_globals.h"
-#include "shell/messages.h"
+#include "base/app_globals.h"
+#include "base/messages.h"
+#include "base/runtime_error.h"
 #include "store/jet_dialect.h"
-#include "store/runtime_error.h"
 #include "store/schema.h"
 #include "store/statement_shape.h"
 

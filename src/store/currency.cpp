@@ -1,5 +1,5 @@
 #include "store/currency.h"
-#include "store/runtime_error.h"
+#include "base/runtime_error.h"
 
 #include <QLocale>
 #include <cmath>

@@ -1,26 +1,11 @@
 #include "store/maintenance.h"
-#include "racing/races.h"
-#include "racing/results.h"
-#include "shell/app_globals.h"
-#include "shell/messages.h"
+#include "base/app_globals.h"
 #include "store/connection.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <vector>
 
 namespace {
-
-FileDialogRequest dataFileDialog(FileDialogRequest::Mode mode, const QString& title)
-{
-    FileDialogRequest request;
-    request.mode = mode;
-    request.title = title;
-    request.folder = gBackupsPath;
-    request.filter = QStringLiteral("Lapkeeper Data File (*.lk)|*.lk|");
-    request.fileName = kDataFileName;
-    return request;
-}
 
 bool sameFile(const QString& a, const QString& b)
 {
@@ -63,47 +48,13 @@ void backupDatabase(const QString& path)
     openDatabase();
 }
 
-void backupDataFileCommand()
+bool restoreDataFile(const QString& source)
 {
-    try {
-        const auto file = presenter().chooseFile(dataFileDialog(FileDialogRequest::Mode::Save,
-                                                                QStringLiteral("Lapkeeper Save")));
-        if (!file)
-            return;
-        setMousePointer(kPointerHourglass);
-        backupDatabase(*file);
-        setMousePointer(kPointerDefault);
-    } catch (...) {
-        // Any failure ends the command silently, as a cancel does.
-    }
-}
-
-void restoreDataFileCommand()
-{
-    try {
-        const auto file = presenter().chooseFile(dataFileDialog(FileDialogRequest::Mode::Open,
-                                                                QStringLiteral("Lapkeeper Restore")));
-        if (!file)
-            return;
-        setMousePointer(kPointerHourglass);
-        if (!gConnection)
-            gConnection = std::make_unique<cConnection>();
-        gConnection->CloseConnection();
-        // A failed copy leaves the connection closed and the hourglass up until the pointer
-        // next moves over the main window.
-        if (!copyOverDataFile(*file))
-            return;
-        gConnection->openAccessConnection();
-        setMousePointer(kPointerDefault);
-    } catch (...) {
-    }
-}
-
-void clearPostingsForNewSeason()
-{
-    cRacesCollection races;
-    races.load();
-    cResultsCollection results;
-    for (const cRaces& race : races)
-        results.deletePosting(race.raceNmbr());
+    if (!gConnection)
+        gConnection = std::make_unique<cConnection>();
+    gConnection->CloseConnection();
+    if (!copyOverDataFile(source))
+        return false;
+    gConnection->openAccessConnection();
+    return true;
 }

@@ -1,6 +1,6 @@
 #include "store/variant.h"
+#include "base/runtime_error.h"
 #include "store/dates.h"
-#include "store/runtime_error.h"
 
 #include <cmath>
 

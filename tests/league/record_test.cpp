@@ -63,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(AllocatedTables, NextKey,
                                            std::pair{u"race_type_dm", u"race_type_nmbr"},
                                            std::pair{u"scoring_type", u"scoring_type_nmbr"},
                                            std::pair{u"group_dm", u"group_nmbr"}),
-                         [](const auto& info) { return QString::fromUtf16(info.param.first).toStdString(); });
+                         [](const auto& tested) { return QString::fromUtf16(tested.param.first).toStdString(); });
 
 // A minimal record and collection built the way every collection is.
 struct cToken {

@@ -61,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(Values, RaceTypeLookUp,
                                            LookUp{"emptyText", cVariant(QString()), u""},
                                            LookUp{"nameText", cVariant(u"F1"_s), u""},
                                            LookUp{"null", cVariant(), u""}),
-                         [](const auto& info) { return std::string(info.param.label); });
+                         [](const auto& tested) { return std::string(tested.param.label); });
 
 TEST(Group, aGroupNotFoundBecomesNoGroupWithNoLimitAndKeepsItsName)
 {

@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(
                       CapCase{"bothLeaguesHaveRoom", {u"2000000"_s, u"1000000"_s}, 900000, "100000", true},
                       CapCase{"theLowerCapOfTwoLeaguesRefuses", {u"2000000"_s, u"1000000"_s}, 1500000, "1", false},
                       CapCase{"aSecondLeagueWithoutACap", {u"1000000"_s, u"0"_s}, 900000, "100000", true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(SalaryCapOfOneEntryAfterApply, theAvailableSalaryIsReducedSoTheNextCarIsRefused)
 {
@@ -190,7 +190,7 @@ INSTANTIATE_TEST_SUITE_P(
                       GroupCase{"anotherGroupIsNotHeldToIt", 2, true, "", "4", true},
                       GroupCase{"limitZeroRefusesAny", 0, true, "", "1", false},
                       GroupCase{"limitZeroSparesATeamInNoLeague", 0, false, "", "1", true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 // ---- the dates around the last posted and the last scored race ----
 
@@ -252,7 +252,7 @@ INSTANTIATE_TEST_SUITE_P(
                       DateCase{"endOnTheEffectiveDate", true, "2001-02-01", "2001-02-01", &kScoredMessage},
                       DateCase{"endTheDayAfter", true, "10/8/2001", "2001-10-08", nullptr},
                       DateCase{"endNotADate", true, "soon", "soon", &kInvalidEntry}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 // Without posted results any effective date passes; without scored races a termination may
 // equal but not precede the effective date.
@@ -403,7 +403,7 @@ TEST_P(SeveralEntriesOverTheCap, isRefusedBeforeAnythingIsWritten)
 INSTANTIATE_TEST_SUITE_P(Cases, SeveralEntriesOverTheCap,
                          ::testing::Values(GridCapCase{"oneCentOverTheLowerCap", {u"2000"_s, u"100000"_s}, "600.01"},
                                            GridCapCase{"aLeagueWithoutACap", {u"0"_s}, "0"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST_F(SeveralEntries, aCarWithoutADateStopsTheSaveBeforeTheSalaryTest)
 {

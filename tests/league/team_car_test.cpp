@@ -57,7 +57,7 @@ TEST(TeamCarInForce, onRaceDayAnEntryCountsFromItsEffectiveDateAndNoLongerOnItsT
     cLeague league;
     ASSERT_EQ(league.load(500), 1);
     cTeamCarCollection dnq;
-    EXPECT_EQ(dnq.loadDNQcars(race, league), 2);
+    EXPECT_EQ(dnq.loadDNQcars(race.raceNmbr(), league), 2);
     EXPECT_EQ(carsOf(dnq), (QList<int>{500, 502}));
 }
 

@@ -1,5 +1,5 @@
-#include "racing/head_head.h"
 #include "race_screen.h"
+#include "racing/head_head.h"
 
 namespace {
 
@@ -23,9 +23,9 @@ protected:
         raceNmbr = season.race(u"2002-02-17"_s);
         otherRace = season.race(u"2002-02-24"_s);
     }
-    void store(int league, int race, int team1, int team2)
+    void store(int league, int raceNumber, int team1, int team2)
     {
-        Season::run(u"INSERT INTO race_head_head VALUES (%1, %2, %3, %4)"_s.arg(race).arg(league).arg(team1).arg(team2));
+        Season::run(u"INSERT INTO race_head_head VALUES (%1, %2, %3, %4)"_s.arg(raceNumber).arg(league).arg(team1).arg(team2));
     }
     // The screen under test was made with the setting off, as the program makes it; a screen
     // made with it on has the tab, and the one under test gets it switched on the same way.

@@ -1,7 +1,7 @@
+#include "base/app_globals.h"
 #include "racing/posting.h"
 #include "racing/standings.h"
 #include "season.h"
-#include "shell/app_globals.h"
 #include "support/temp_app.h"
 
 #include <QFile>
@@ -177,8 +177,8 @@ INSTANTIATE_TEST_SUITE_P(Counts, TopBonus,
                                            TopCase{5, 3, 1},
                                            TopCase{3, 0, 0},    // has cars in the top
                                            TopCase{0, 0, 1}),   // top 0 counts 0 cars: everybody is paid
-                         [](const auto& info) {
-                             return "top" + std::to_string(info.param.top) + "_cars" + std::to_string(info.param.cars);
+                         [](const auto& tested) {
+                             return "top" + std::to_string(tested.param.top) + "_cars" + std::to_string(tested.param.cars);
                          });
 
 TEST_F(Posting, roster_dates_inactive_entries_and_shared_cars)

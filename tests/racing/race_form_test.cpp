@@ -1,5 +1,5 @@
-#include "racing/posting.h"
 #include "race_screen.h"
+#include "racing/posting.h"
 
 namespace {
 

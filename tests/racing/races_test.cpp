@@ -1,5 +1,5 @@
+#include "racing/posting.h"
 #include "racing/races.h"
-#include "store/maintenance.h"
 #include "support/temp_app.h"
 
 #include <gtest/gtest.h>

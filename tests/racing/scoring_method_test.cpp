@@ -1,6 +1,6 @@
+#include "base/runtime_error.h"
 #include "racing/scoring_method.h"
 #include "racing/scoring_points.h"
-#include "store/runtime_error.h"
 #include "support/temp_app.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "pane_fixture.h"
 #include "league/team.h"
+#include "pane_fixture.h"
 #include "shell/startup.h"
 
 #include <QComboBox>

@@ -1,7 +1,7 @@
+#include "base/app_globals.h"
+#include "base/messages.h"
+#include "base/outside_programs.h"
 #include "pane_fixture.h"
-#include "shell/app_globals.h"
-#include "shell/messages.h"
-#include "shell/outside_programs.h"
 #include "support/recording_presenter.h"
 
 #include <QDir>
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
         LaunchFailure{"UnknownWithHtmlNote", 7, "HTML",
                       "Unknown error.\n\nNOTE: This maybe caused by having no browser installed."},
         LaunchFailure{"SuccessSaysNothing", 33, "HTML", ""}),
-    [](const ::testing::TestParamInfo<LaunchFailure>& info) { return std::string(info.param.name); });
+    [](const ::testing::TestParamInfo<LaunchFailure>& tested) { return std::string(tested.param.name); });
 
 TEST(OpenWebPage, MapsTheWordsToTheProductSiteAndPassesAddressesOn)
 {

@@ -1,8 +1,8 @@
 #pragma once
 // The main window started on a fresh data file, with the list panes and record commands behind
 // it; the detail screens are stand-ins the test sets (recordScreens). Also the boxes as text.
+#include "base/app_globals.h"
 #include "league/league_fixtures.h"
-#include "shell/app_globals.h"
 #include "shell/cars_pane.h"
 #include "shell/display_pane.h"
 #include "shell/gui_record_commands.h"

@@ -1,7 +1,7 @@
-#include "pane_fixture.h"
 #include "league/car.h"
 #include "league/league.h"
 #include "league/team.h"
+#include "pane_fixture.h"
 #include "racing/races.h"
 #include "racing/scoring_method.h"
 

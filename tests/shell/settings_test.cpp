@@ -84,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
                  u"First Time=No\nStatus Bar=NY\nMDI Left=1234567\nMDI Top=-500\nMDI Height=327689\nMDI State=01\n"
                  u"Splitter Left=3000\n",
                  u"N|N|Y|-500|12345|7920|10455|0|3000"_s}),
-    [](const ::testing::TestParamInfo<LoadCase>& info) { return std::string(info.param.name); });
+    [](const ::testing::TestParamInfo<LoadCase>& tested) { return std::string(tested.param.name); });
 
 TEST_F(SettingsFile, saveWritesEveryKeyInOrderWithFirstTimeAlwaysNo)
 {

@@ -1,11 +1,11 @@
+#include "base/app_globals.h"
+#include "base/date_form.h"
+#include "base/messages.h"
+#include "league/league_fixtures.h"
 #include "shell/about_form.h"
-#include "shell/app_globals.h"
 #include "shell/browser_form.h"
-#include "shell/date_form.h"
-#include "shell/messages.h"
 #include "shell/splash_form.h"
 #include "shell/welcome_form.h"
-#include "league/league_fixtures.h"
 #include "support/recording_presenter.h"
 
 #include <QCalendarWidget>

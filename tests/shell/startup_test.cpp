@@ -1,9 +1,9 @@
 #define SQLITE_HAS_CODEC 1
+#include "base/run_trapped.h"
+#include "base/runtime_error.h"
 #include "pane_fixture.h"
 #include "shell/startup.h"
-#include "shell/gui_application.h"
 #include "store/connection.h"
-#include "store/runtime_error.h"
 #include "store/schema.h"
 
 #include <sqlite3.h>

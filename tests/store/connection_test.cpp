@@ -1,7 +1,7 @@
 #define SQLITE_HAS_CODEC 1
-#include "shell/app_globals.h"
+#include "base/app_globals.h"
+#include "base/runtime_error.h"
 #include "store/connection.h"
-#include "store/runtime_error.h"
 #include "store/schema.h"
 #include "support/temp_app.h"
 
@@ -121,7 +121,7 @@ INSTANTIATE_TEST_SUITE_P(
                     sqlite3_close(db);
                 },
                 "no such table: attribute_dm"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(Connection, a_failing_statement_shows_its_text_and_returns_false)
 {

@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/messages.h"
+#include "base/messages.h"
 
 #include <QList>
 #include <deque>

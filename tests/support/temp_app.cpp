@@ -1,5 +1,5 @@
 #include "support/temp_app.h"
-#include "shell/app_globals.h"
+#include "base/app_globals.h"
 #include "store/connection.h"
 #include "store/schema.h"
 

@@ -1,6 +1,6 @@
-#include "exchange/input_file.h"
-#include "shell/app_globals.h"
-#include "shell/messages.h"
+#include "base/input_file.h"
+#include "base/app_globals.h"
+#include "base/messages.h"
 
 #include <QFile>
 #include <QFileInfo>

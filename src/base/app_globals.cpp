@@ -1,4 +1,4 @@
-#include "shell/app_globals.h"
+#include "base/app_globals.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <optional>
 
+class QProgressBar;   // only passed through: the GUI presenter steps it
+
 enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Buttons { Ok, OkCancel, AbortRetryIgnore, YesNoCancel, YesNo, RetryCancel };
 // The values the system gives the answers.
@@ -31,6 +33,9 @@ public:
     virtual void setMousePointer(int16_t code) = 0;
     virtual int16_t mousePointer() const = 0;
     virtual void advanceProgress() = 0;
+    // The bar that advanceProgress steps while a screen shows one; nullptr when none does.
+    // Presenters without a window ignore it.
+    virtual void setProgressBar(QProgressBar* bar) { (void)bar; }
     // Opens a file or address with the desktop's handler. The result follows the shell's
     // convention: 33 or more is success, 2 no such file, 31 no application for the kind.
     virtual int launch(const QString& target) = 0;

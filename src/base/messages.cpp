@@ -1,5 +1,5 @@
-#include "shell/messages.h"
-#include "shell/app_globals.h"
+#include "base/messages.h"
+#include "base/app_globals.h"
 
 #include <cstdio>
 

@@ -1,4 +1,4 @@
-#include "shell/date_form.h"
+#include "base/date_form.h"
 
 #include <QCalendarWidget>
 #include <QVBoxLayout>

@@ -1,6 +1,6 @@
 #pragma once
 // Where the HTML manual is looked up. The routines themselves (launchFile, openWebPage,
-// openInBrowser, playSound, showHelp) are declared in shell/messages.h.
+// openInBrowser, playSound, showHelp) are declared in base/messages.h.
 #include <QString>
 
 // The manual's index.html: beside the build's executable (share/lapkeeper/manual) or in the

@@ -1,4 +1,5 @@
-#include "shell/app_globals.h"
+#include "base/app_globals.h"
+#include "shell/maintenance_commands.h"
 #include "store/connection.h"
 #include "store/maintenance.h"
 #include "support/temp_app.h"
@@ -93,25 +94,6 @@ TEST(Restore, choosing_the_data_file_itself_fails_and_keeps_the_file)
     EXPECT_EQ(app.presenter().pointers(), QList<int16_t>{11});
     ASSERT_TRUE(openDatabase());
     EXPECT_EQ(app.scalar(u"SELECT team_name FROM teams"_s), u"Still here"_s);
-}
-
-TEST(ClearPostings, removes_the_scored_rows_of_every_race_and_keeps_the_rest)
-{
-    TempApp app;
-    IDatabase db;
-    for (int race : {500, 501}) {
-        ASSERT_TRUE(db.execute(u"INSERT INTO races VALUES (%1, 'R', 'T', '2002-03-0%2', 1, 1, 2)"_s.arg(race).arg(race - 499)));
-        ASSERT_TRUE(db.execute(u"INSERT INTO results (race_nmbr, car_nmbr, place) VALUES (%1, 500, 1)"_s.arg(race)));
-        ASSERT_TRUE(db.execute(u"INSERT INTO team_results (race_nmbr, league_nmbr, team_nmbr, car_nmbr, points) "
-                               u"VALUES (%1, 500, 500, 500, 10)"_s.arg(race)));
-        ASSERT_TRUE(db.execute(u"INSERT INTO team_results_summary VALUES (%1, 500, 500, 10, 1)"_s.arg(race)));
-    }
-    clearPostingsForNewSeason();
-    EXPECT_EQ(app.count(u"team_results"_s), 0);
-    EXPECT_EQ(app.count(u"team_results_summary"_s), 0);
-    EXPECT_EQ(app.count(u"results"_s), 2);
-    EXPECT_EQ(app.count(u"races"_s), 2);
-    EXPECT_TRUE(app.presenter().boxes().isEmpty());
 }
 
 } // namespace

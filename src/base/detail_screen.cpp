@@ -1,5 +1,5 @@
-#include "shell/gui_screen.h"
-#include "shell/messages.h"
+#include "base/detail_screen.h"
+#include "base/messages.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>

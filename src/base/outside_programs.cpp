@@ -1,6 +1,6 @@
-#include "shell/outside_programs.h"
-#include "shell/app_globals.h"
-#include "shell/messages.h"
+#include "base/outside_programs.h"
+#include "base/app_globals.h"
+#include "base/messages.h"
 
 #include <QCoreApplication>
 #include <QDir>
