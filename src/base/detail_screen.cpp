@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QGuiApplication>
 #include <QFocusEvent>
+#include <QHBoxLayout>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTimer>
 #include <QWidget>
 
@@ -54,8 +56,8 @@ bool cValidateOnLeave::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
-cDetailScreen::cDetailScreen(QWidget* screen, QAbstractButton* cmdApply, Hooks hooks)
-    : QObject(screen), m_screen(screen), m_cmdApply(cmdApply), m_hooks(std::move(hooks))
+cDetailScreen::cDetailScreen(QWidget* screen, QAbstractButton* cmdApply, Hooks hooks, YesOnCancel yesOnCancel)
+    : QObject(screen), m_screen(screen), m_cmdApply(cmdApply), m_hooks(std::move(hooks)), m_yesOnCancel(yesOnCancel)
 {
     if (m_cmdApply)
         m_cmdApply->setEnabled(false);
@@ -99,15 +101,66 @@ void cDetailScreen::ok()
 
 void cDetailScreen::cancel()
 {
-    if (m_changed) {
-        const Answer answer = messageBox(QStringLiteral("Do you want to save changes"), m_hooks.title(), Icon::Question,
-                                         Buttons::YesNoCancel);
-        if (answer == Answer::Cancel)
-            return;
-        if (answer == Answer::Yes)
-            apply();
+    if (cancelClosesScreen(m_changed, m_changed ? m_hooks.title() : QString(), [this] { return apply(); },
+                           m_yesOnCancel))
+        m_hooks.close();
+}
+
+bool cancelClosesScreen(bool changed, const QString& title, const std::function<bool()>& save, YesOnCancel rule)
+{
+    if (!changed)
+        return true;
+    const Answer answer =
+        messageBox(QStringLiteral("Do you want to save changes"), title, Icon::Question, Buttons::YesNoCancel);
+    if (answer == Answer::Cancel)
+        return false;
+    if (answer == Answer::No)
+        return true;
+    const bool saved = save();
+    switch (rule) {
+    case YesOnCancel::SaveAndClose:
+        return true;
+    case YesOnCancel::SaveAndStay:
+        return false;
+    case YesOnCancel::SaveAndCloseIfSaved:
+        return saved;
     }
-    m_hooks.close();
+    return true;
+}
+
+cButtonRow makeButtonRow(QWidget* screen, const cButtonRow::Style& style)
+{
+    cButtonRow row;
+    row.ok = new QPushButton(QStringLiteral("&OK"), screen);
+    row.ok->setObjectName(style.okName);
+    row.cancel = new QPushButton(QStringLiteral("&Cancel"), screen);
+    row.cancel->setObjectName(QStringLiteral("cmdCancel"));
+    row.cancel->setFocusPolicy(Qt::TabFocus);
+    if (style.withApply) {
+        row.apply = new QPushButton(QStringLiteral("&Apply"), screen);
+        row.apply->setObjectName(QStringLiteral("cmdApply"));
+        row.apply->setEnabled(false);
+    }
+    row.layout = new QHBoxLayout;
+    row.layout->addStretch();
+    for (QPushButton* button : {row.ok, row.cancel, row.apply}) {
+        if (!button)
+            continue;
+        button->setAutoDefault(false);
+        row.layout->addWidget(button);
+    }
+    row.ok->setDefault(style.okIsDefault);
+    return row;
+}
+
+void selectComboNumber(QComboBox* combo, int number, bool known)
+{
+    combo->setCurrentIndex(known ? combo->findData(number) : -1);
+}
+
+int16_t comboNumber(const QComboBox* combo, int index, int16_t none)
+{
+    return index < 0 || index >= combo->count() ? none : static_cast<int16_t>(combo->itemData(index).toInt());
 }
 
 bool cDetailScreen::saveBeforeLeaving()

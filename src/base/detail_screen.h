@@ -4,11 +4,53 @@
 #include <QAbstractButton>
 #include <QObject>
 #include <QPointer>
+#include <QComboBox>
 #include <QString>
+#include <cstdint>
 #include <functional>
 
 class QAbstractButton;
+class QComboBox;
+class QHBoxLayout;
+class QPushButton;
 class QWidget;
+
+// The OK, Cancel and Apply buttons under a detail screen, right-aligned, captioned "&OK",
+// "&Cancel" and "&Apply" and named cmdOK (or the screen's own spelling), cmdCancel and cmdApply.
+// No button presses itself on Enter but OK, when okIsDefault; Apply starts disabled. Cancel takes
+// no focus from a click, so a field that refuses to be left does not stand in its way.
+struct cButtonRow {
+    struct Style {
+        bool withApply = true;
+        bool okIsDefault = true;
+        QString okName = QStringLiteral("cmdOK");
+    };
+    QPushButton* ok = nullptr;
+    QPushButton* cancel = nullptr;
+    QPushButton* apply = nullptr;   // null without Apply
+    QHBoxLayout* layout = nullptr;  // the caller adds it to the screen's layout
+};
+cButtonRow makeButtonRow(QWidget* screen, const cButtonRow::Style& style);
+inline cButtonRow makeButtonRow(QWidget* screen) { return makeButtonRow(screen, cButtonRow::Style{}); }
+
+// What Yes to "Do you want to save changes" does on Cancel; the screens differ here.
+enum class YesOnCancel {
+    SaveAndClose,          // saves and closes whatever the save's result
+    SaveAndStay,           // saves like Apply and stays open, so the operator sees the result
+    SaveAndCloseIfSaved,   // a refused save keeps the screen open
+};
+// The question on Cancel (Yes, No, Cancel, titled with the record's name), asked only when
+// something is marked changed. True when the screen is to close now.
+bool cancelClosesScreen(bool changed, const QString& title, const std::function<bool()>& save, YesOnCancel rule);
+
+// Fills a combo with one entry per record of a list: its name shown, its number as the entry's
+// data. The current entry is none.
+template <class List, class NumberOf, class NameOf>
+void fillNumberCombo(QComboBox* combo, const List& list, NumberOf numberOf, NameOf nameOf);
+// Selects the entry that holds number, or none when the number is not in the combo or not known.
+void selectComboNumber(QComboBox* combo, int number, bool known = true);
+// The number of an entry; none when the index is no entry.
+int16_t comboNumber(const QComboBox* combo, int index, int16_t none);
 
 // Runs a check when the focus leaves a field for another control of the same window (Tab, a
 // click). A false result puts the focus back on the field. Focus lost to a message box or
@@ -43,7 +85,8 @@ public:
         std::function<QString()> title;        // the record's name, for the question's title
         std::function<void()> close;           // closes the screen (accept/hide)
     };
-    cDetailScreen(QWidget* screen, QAbstractButton* cmdApply, Hooks hooks);
+    cDetailScreen(QWidget* screen, QAbstractButton* cmdApply, Hooks hooks,
+                  YesOnCancel yesOnCancel = YesOnCancel::SaveAndClose);
 
     // Marks a change (only while the screen is visible, unless forced) and enables cmdApply.
     void markChanged(bool evenWhenHidden = false);
@@ -54,7 +97,7 @@ public:
 
     bool apply();          // saves; on success clears the mark
     void ok();             // saves if needed, then closes unless the save failed
-    void cancel();         // asks when changed; Yes saves and closes whatever the result
+    void cancel();         // asks when changed; Yes saves, then closes as the screen's rule says
     // Saves first when cmdApply is enabled (a tab change); false when the save failed.
     bool saveBeforeLeaving();
 
@@ -62,6 +105,7 @@ private:
     QWidget* m_screen;
     QAbstractButton* m_cmdApply;
     Hooks m_hooks;
+    YesOnCancel m_yesOnCancel;
     bool m_changed = false;
 };
 
@@ -86,3 +130,12 @@ void focusField(QWidget* field, bool selectText);
 
 // Selects the whole text of a line edit or spin box when it gets the focus.
 void selectTextOnFocus(QWidget* field);
+
+template <class List, class NumberOf, class NameOf>
+void fillNumberCombo(QComboBox* combo, const List& list, NumberOf numberOf, NameOf nameOf)
+{
+    combo->clear();
+    for (const auto& record : list)
+        combo->addItem(nameOf(record), static_cast<int>(numberOf(record)));
+    combo->setCurrentIndex(-1);
+}

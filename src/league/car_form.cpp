@@ -117,28 +117,15 @@ frmCar::frmCar(QWidget* parent)
     form->addRow(u"Salary:"_s, txtSalary);
     form->addRow(u"Group:"_s, cmbGroup);
 
-    cmdOK = new QPushButton(u"&OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(u"&Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdCancel->setAutoDefault(false);
-    // Cancel takes no focus from a click, so a field that refuses to be left does not block it.
-    cmdCancel->setFocusPolicy(Qt::TabFocus);
-    cmdApply = new QPushButton(u"&Apply"_s, this);
-    cmdApply->setObjectName(u"cmdApply"_s);
-    cmdApply->setAutoDefault(false);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    buttons->addWidget(cmdApply);
+    const cButtonRow buttons = makeButtonRow(this);
+    cmdOK = buttons.ok;
+    cmdCancel = buttons.cancel;
+    cmdApply = buttons.apply;
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addStretch();
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.layout);
     setMinimumWidth(380);
 
     m_detail = new cDetailScreen(this, cmdApply,
@@ -215,23 +202,20 @@ void frmCar::fillLists()
 {
     cRaceTypeCollection raceTypes;
     raceTypes.load();
-    cmbRaceType->clear();
-    for (const cRaceType& raceType : raceTypes)
-        cmbRaceType->addItem(raceType.raceTypeName(), int(raceType.raceTypeNmbr()));
-    const bool knownRaceType = !raceTypes.getRaceTypeName(cVariant(int(m_car->raceTypeNmbr()))).isEmpty();
-    cmbRaceType->setCurrentIndex(knownRaceType ? cmbRaceType->findData(int(m_car->raceTypeNmbr())) : -1);
+    fillNumberCombo(cmbRaceType, raceTypes, [](const cRaceType& r) { return r.raceTypeNmbr(); },
+                    [](const cRaceType& r) { return r.raceTypeName(); });
+    selectComboNumber(cmbRaceType, m_car->raceTypeNmbr(),
+                      !raceTypes.getRaceTypeName(cVariant(int(m_car->raceTypeNmbr()))).isEmpty());
     m_raceTypeIndex = cmbRaceType->currentIndex();
 
     cGroupCollection groups;
     groups.load();
-    cmbGroup->clear();
-    for (const cGroup& group : groups)
-        cmbGroup->addItem(group.groupName(), int(group.groupNmbr()));
+    fillNumberCombo(cmbGroup, groups, [](const cGroup& g) { return g.groupNmbr(); },
+                    [](const cGroup& g) { return g.groupName(); });
     // The blank entry takes a car out of its group.
     cmbGroup->addItem(QString(), -1);
     const cVariant group = m_car->groupNmbr();
-    const bool knownGroup = !groups.getGroupName(group).isEmpty();
-    cmbGroup->setCurrentIndex(knownGroup ? cmbGroup->findData(int(group.toInt16())) : -1);
+    selectComboNumber(cmbGroup, group.isNull() ? -1 : group.toInt16(), !groups.getGroupName(group).isEmpty());
 }
 
 // The kind of a saved entry is fixed, and so are a car's number and a driver's name.
@@ -473,18 +457,10 @@ void frmCar::okClicked()
 // Yes saves and leaves the screen open, so the operator sees the result; No closes.
 void frmCar::reject()
 {
-    if (m_car && m_detail->isChanged()) {
-        const Answer answer = messageBox(u"Do you want to save changes"_s,
-                                         m_car->carTxt() + u"   "_s + m_car->driverName(), Icon::Question,
-                                         Buttons::YesNoCancel);
-        if (answer == Answer::Cancel)
-            return;
-        if (answer == Answer::Yes) {
-            applyCar();
-            return;
-        }
-    }
-    QDialog::reject();
+    const bool changed = m_car && m_detail->isChanged();
+    if (cancelClosesScreen(changed, changed ? m_car->carTxt() + u"   "_s + m_car->driverName() : QString(),
+                           [this] { return applyCar(); }, YesOnCancel::SaveAndStay))
+        QDialog::reject();
 }
 
 void frmCar::showCarNumber()

@@ -53,26 +53,15 @@ frmGroup::frmGroup(QWidget* parent)
     form->addRow(u"Name:"_s, txtName);
     form->addRow(u"Cars/drivers in group:"_s, limit);
 
-    cmdOK = new QPushButton(u"&OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(u"&Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdCancel->setAutoDefault(false);
-    cmdCancel->setFocusPolicy(Qt::TabFocus);
-    cmdApply = new QPushButton(u"&Apply"_s, this);
-    cmdApply->setObjectName(u"cmdApply"_s);
-    cmdApply->setAutoDefault(false);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    buttons->addWidget(cmdApply);
+    const cButtonRow buttons = makeButtonRow(this);
+    cmdOK = buttons.ok;
+    cmdCancel = buttons.cancel;
+    cmdApply = buttons.apply;
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addStretch();
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.layout);
     setMinimumWidth(340);
 
     m_detail = new cDetailScreen(this, cmdApply,

@@ -61,25 +61,6 @@ private:
     std::function<void()> m_onClick;
 };
 
-template <class Collection>
-void fillCombo(QComboBox* combo, Collection& list, auto numberOf, auto nameOf)
-{
-    combo->clear();
-    for (const auto& record : list)
-        combo->addItem(nameOf(record), QVariant(static_cast<int>(numberOf(record))));
-}
-
-// Selects the entry of a number when the list knows its name; otherwise shows nothing.
-void selectNumber(QComboBox* combo, const QString& name, int16_t number)
-{
-    combo->setCurrentIndex(name.isEmpty() ? -1 : combo->findData(QVariant(static_cast<int>(number))));
-}
-
-int16_t chosenNumber(const QComboBox* combo, int index)
-{
-    return static_cast<int16_t>(combo->itemData(index).toInt());
-}
-
 } // namespace
 
 frmLeague::frmLeague(QWidget* parent)
@@ -97,32 +78,18 @@ frmLeague::frmLeague(QWidget* parent)
     SSTab1->addTab(leaguePage, u"League"_s);
     SSTab1->addTab(teamsPage, u"League Teams"_s);
 
-    cmdOK = new QPushButton(u"&OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(u"&Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdCancel->setAutoDefault(false);
-    cmdApply = new QPushButton(u"&Apply"_s, this);
-    cmdApply->setObjectName(u"cmdApply"_s);
-    cmdApply->setAutoDefault(false);
-    cmdApply->setEnabled(false);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    buttons->addWidget(cmdApply);
+    const cButtonRow buttons = makeButtonRow(this);
+    cmdOK = buttons.ok;
+    cmdCancel = buttons.cancel;
+    cmdApply = buttons.apply;
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1, 1);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.layout);
     setMinimumWidth(460);
 
     connect(cmdOK, &QPushButton::clicked, this, &frmLeague::okClicked);
     connect(cmdCancel, &QPushButton::clicked, this, &frmLeague::reject);
-    // Cancel takes no focus from a click, so leaving a field unfinished does not stand in its way.
-    cmdCancel->setFocusPolicy(Qt::TabFocus);
     connect(cmdApply, &QPushButton::clicked, this, [this] {
         if (!m_refusedClick.swallow(cmdApply))
             saveLeague();
@@ -251,29 +218,31 @@ void frmLeague::fillLists()
 {
     cRaceTypeCollection raceTypes;
     raceTypes.load();
-    fillCombo(cmbRaceType, raceTypes, [](const cRaceType& r) { return r.raceTypeNmbr(); },
-              [](const cRaceType& r) { return r.raceTypeName(); });
-    selectNumber(cmbRaceType, raceTypes.getRaceTypeName(m_league->raceTypeNmbr()), m_league->raceTypeNmbr());
+    fillNumberCombo(cmbRaceType, raceTypes, [](const cRaceType& r) { return r.raceTypeNmbr(); },
+                    [](const cRaceType& r) { return r.raceTypeName(); });
+    selectComboNumber(cmbRaceType, m_league->raceTypeNmbr(),
+                      !raceTypes.getRaceTypeName(m_league->raceTypeNmbr()).isEmpty());
 
     cScoringTypeCollection methods;
     methods.load();
-    fillCombo(cmbScoringType, methods, [](const cScoringType& m) { return m.scoringTypeNmbr(); },
-              [](const cScoringType& m) { return m.scoringTypeName(); });
-    selectNumber(cmbScoringType, methods.getScoringTypeName(m_league->scoringTypeNmbr()),
-                 m_league->scoringTypeNmbr());
+    fillNumberCombo(cmbScoringType, methods, [](const cScoringType& m) { return m.scoringTypeNmbr(); },
+                    [](const cScoringType& m) { return m.scoringTypeName(); });
+    selectComboNumber(cmbScoringType, m_league->scoringTypeNmbr(),
+                      !methods.getScoringTypeName(m_league->scoringTypeNmbr()).isEmpty());
 
     cScoringOptionCollection options;
     options.load();
-    fillCombo(cmbScoringOption, options, [](const cScoringOption& o) { return o.scoringOptionNmbr(); },
-              [](const cScoringOption& o) { return o.scoringOptionName(); });
-    selectNumber(cmbScoringOption, options.getScoringOptionName(m_league->scoringOptionNmbr()),
-                 m_league->scoringOptionNmbr());
+    fillNumberCombo(cmbScoringOption, options, [](const cScoringOption& o) { return o.scoringOptionNmbr(); },
+                    [](const cScoringOption& o) { return o.scoringOptionName(); });
+    selectComboNumber(cmbScoringOption, m_league->scoringOptionNmbr(),
+                      !options.getScoringOptionName(m_league->scoringOptionNmbr()).isEmpty());
 
     cCarTypeCollection carTypes;
     carTypes.loadNoBonus();
-    fillCombo(cmbCarType, carTypes, [](const cCarType& c) { return c.carTypeNmbr(); },
-              [](const cCarType& c) { return c.carTypeName(); });
-    selectNumber(cmbCarType, carTypes.getCarTypeName(m_league->carTypeNmbr()), m_league->carTypeNmbr());
+    fillNumberCombo(cmbCarType, carTypes, [](const cCarType& c) { return c.carTypeNmbr(); },
+                    [](const cCarType& c) { return c.carTypeName(); });
+    selectComboNumber(cmbCarType, m_league->carTypeNmbr(),
+                      !carTypes.getCarTypeName(m_league->carTypeNmbr()).isEmpty());
 }
 
 void frmLeague::showWith(cLeague& league)
@@ -322,7 +291,7 @@ void frmLeague::scoringTypeActivated(int index)
 {
     if (!active() || index < 0)
         return;
-    m_league->setScoringTypeNmbr(chosenNumber(cmbScoringType, index));
+    m_league->setScoringTypeNmbr(comboNumber(cmbScoringType, index, 0));
     markRecordChanged();
 }
 
@@ -330,7 +299,7 @@ void frmLeague::scoringOptionActivated(int index)
 {
     if (!active() || index < 0)
         return;
-    const int16_t option = chosenNumber(cmbScoringOption, index);
+    const int16_t option = comboNumber(cmbScoringOption, index, 0);
     m_league->setScoringOptionNmbr(option);
     // Only leaving txtDropLowest writes the record's count, so the "0" shown here is not
     // stored; posting ignores the count under option 1.
@@ -355,7 +324,7 @@ void frmLeague::raceTypeActivated(int index)
 {
     if (!active() || index < 0)
         return;
-    const int16_t chosen = chosenNumber(cmbRaceType, index);
+    const int16_t chosen = comboNumber(cmbRaceType, index, 0);
     if (chosen == m_league->raceTypeNmbr())
         return;
     if (membersExist()) {
@@ -371,7 +340,7 @@ void frmLeague::carTypeActivated(int index)
 {
     if (!active() || index < 0)
         return;
-    const int16_t chosen = chosenNumber(cmbCarType, index);
+    const int16_t chosen = comboNumber(cmbCarType, index, 0);
     if (chosen == m_league->carTypeNmbr())
         return;
     if (membersExist()) {
@@ -583,18 +552,10 @@ void frmLeague::okClicked()
 
 void frmLeague::reject()
 {
-    if (m_league && (m_recordChanged || m_teamListChanged)) {
-        const Answer answer = messageBox(u"Do you want to save changes"_s, m_league->leagueName(), Icon::Question,
-                                         Buttons::YesNoCancel);
-        if (answer == Answer::Cancel)
-            return;
-        if (answer == Answer::Yes) {
-            // Yes saves like Apply and leaves the screen open, so the operator sees the result.
-            saveLeague();
-            return;
-        }
-    }
-    QDialog::reject();
+    const bool changed = m_league && (m_recordChanged || m_teamListChanged);
+    if (cancelClosesScreen(changed, changed ? m_league->leagueName() : QString(), [this] { return saveLeague(); },
+                           YesOnCancel::SaveAndStay))
+        QDialog::reject();
 }
 
 void frmLeague::showLeagueNumber()

@@ -1,4 +1,5 @@
 #include "league/league_teams_form.h"
+#include "base/detail_screen.h"
 #include "league/league.h"
 #include "league/league_teams.h"
 #include "league/team.h"
@@ -31,22 +32,14 @@ frmLeagueTeams::frmLeagueTeams(QWidget* parent)
     lvwLeagues->setHeaderLabels({u"League Name"_s});
     lvwLeagues->setRootIsDecorated(false);
 
-    cmdOK = new QPushButton(u"&OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(u"&Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdCancel->setAutoDefault(false);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
+    const cButtonRow buttons = makeButtonRow(this, {.withApply = false});
+    cmdOK = buttons.ok;
+    cmdCancel = buttons.cancel;
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(lblNote);
     layout->addWidget(lvwLeagues, 1);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.layout);
     setMinimumSize(360, 300);
 
     connect(lvwLeagues, &QTreeWidget::itemChanged, this, &frmLeagueTeams::itemChanged);

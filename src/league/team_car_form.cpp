@@ -240,23 +240,10 @@ frmTeamCar::frmTeamCar(QWidget* parent)
     lvwLeagues = newAvailableSalaryList(this);
     lvwLeagues->setMinimumHeight(110);
 
-    cmdOK = new QPushButton(u"OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdCancel = new QPushButton(u"Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdCancel->setFocusPolicy(Qt::TabFocus);   // a click on Cancel does not check the field left
-    cmdApply = new QPushButton(u"&Apply"_s, this);
-    cmdApply->setObjectName(u"cmdApply"_s);
-    cmdApply->setEnabled(false);
-    for (QPushButton* button : {cmdOK, cmdCancel, cmdApply})
-        button->setAutoDefault(false);
-    cmdOK->setDefault(true);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    buttons->addWidget(cmdApply);
+    const cButtonRow buttons = makeButtonRow(this);
+    cmdOK = buttons.ok;
+    cmdCancel = buttons.cancel;
+    cmdApply = buttons.apply;
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);
@@ -264,7 +251,7 @@ frmTeamCar::frmTeamCar(QWidget* parent)
     layout->addLayout(form);
     layout->addWidget(note);
     layout->addWidget(lvwLeagues, 1);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.layout);
     setMinimumWidth(420);
 
     connect(cmbCarTxt, &QComboBox::activated, this, &frmTeamCar::carActivated);

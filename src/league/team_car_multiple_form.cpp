@@ -61,33 +61,19 @@ frmTeamCarMultiple::frmTeamCarMultiple(QWidget* parent)
     lvwLeagues = newAvailableSalaryList(this);
     lvwLeagues->setMinimumHeight(100);
 
-    cmdOK = new QPushButton(u"OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdCancel = new QPushButton(u"Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdCancel->setFocusPolicy(Qt::TabFocus);
-    cmdApply = new QPushButton(u"&Apply"_s, this);
-    cmdApply->setObjectName(u"cmdApply"_s);
-    cmdApply->setEnabled(false);
     // Enter belongs to the grid (next row); no button presses itself on it.
-    for (QPushButton* button : {cmdOK, cmdCancel, cmdApply}) {
-        button->setAutoDefault(false);
-        button->setDefault(false);
-    }
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(note);
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    buttons->addWidget(cmdApply);
+    const cButtonRow buttons = makeButtonRow(this, {.okIsDefault = false});
+    cmdOK = buttons.ok;
+    cmdCancel = buttons.cancel;
+    cmdApply = buttons.apply;
+    buttons.layout->insertWidget(0, note);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(10);
     layout->addWidget(m_grid, 1);
     layout->addWidget(lvwLeagues);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.layout);
     setMinimumWidth(dateWidth * 2 + 420);
 
     connect(cmdApply, &QPushButton::clicked, this, &frmTeamCarMultiple::applyClicked);

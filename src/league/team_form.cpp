@@ -45,11 +45,6 @@ public:
 private:
     std::function<void()> m_onClick;
 };
-
-void selectNumber(QComboBox* combo, int16_t number)
-{
-    combo->setCurrentIndex(combo->findData(static_cast<int>(number)));
-}
 }
 
 frmTeam::frmTeam(QWidget* parent)
@@ -81,28 +76,16 @@ frmTeam::frmTeam(QWidget* parent)
     SSTab1->addTab(teamPage, u"Team"_s);
     SSTab1->addTab(rosterPage, u"Team Cars/Drivers"_s);
 
-    cmdOK = new QPushButton(u"OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdCancel = new QPushButton(u"Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdApply = new QPushButton(u"&Apply"_s, this);
-    cmdApply->setObjectName(u"cmdApply"_s);
-    cmdApply->setEnabled(false);
-    for (QPushButton* button : {cmdOK, cmdCancel, cmdApply})
-        button->setAutoDefault(false);
-    cmdOK->setDefault(true);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    buttons->addWidget(cmdApply);
+    const cButtonRow buttons = makeButtonRow(this);
+    cmdOK = buttons.ok;
+    cmdCancel = buttons.cancel;
+    cmdApply = buttons.apply;
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(10);
     layout->addWidget(SSTab1, 1);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.layout);
 
     connect(cmdOK, &QPushButton::clicked, this, &frmTeam::okClicked);
     connect(cmdCancel, &QPushButton::clicked, this, &frmTeam::reject);
@@ -217,23 +200,18 @@ void frmTeam::fill(cTeam& team)
     txtState->setText(team.state());
     txtZip->setText(team.zip());
 
-    cmbRaceType->clear();
     cRaceTypeCollection raceTypes;
     raceTypes.load();
-    for (const cRaceType& raceType : raceTypes)
-        cmbRaceType->addItem(raceType.raceTypeName(), static_cast<int>(raceType.raceTypeNmbr()));
-    cmbRaceType->setCurrentIndex(-1);
-    if (!raceTypes.getRaceTypeName(cVariant(static_cast<int>(team.raceTypeNmbr()))).isEmpty())
-        selectNumber(cmbRaceType, team.raceTypeNmbr());
+    fillNumberCombo(cmbRaceType, raceTypes, [](const cRaceType& r) { return r.raceTypeNmbr(); },
+                    [](const cRaceType& r) { return r.raceTypeName(); });
+    selectComboNumber(cmbRaceType, team.raceTypeNmbr(),
+                      !raceTypes.getRaceTypeName(cVariant(static_cast<int>(team.raceTypeNmbr()))).isEmpty());
 
-    cmbCarType->clear();
     cCarTypeCollection carTypes;
     carTypes.loadNoBonus();
-    for (const cCarType& carType : carTypes)
-        cmbCarType->addItem(carType.carTypeName(), static_cast<int>(carType.carTypeNmbr()));
-    cmbCarType->setCurrentIndex(-1);
-    if (!carTypes.getCarTypeName(team.carTypeNmbr()).isEmpty())
-        selectNumber(cmbCarType, team.carTypeNmbr());
+    fillNumberCombo(cmbCarType, carTypes, [](const cCarType& c) { return c.carTypeNmbr(); },
+                    [](const cCarType& c) { return c.carTypeName(); });
+    selectComboNumber(cmbCarType, team.carTypeNmbr(), !carTypes.getCarTypeName(team.carTypeNmbr()).isEmpty());
 
     lvwLeagues->clear();
     loadTeamLeagues();
@@ -296,7 +274,7 @@ void frmTeam::raceTypeActivated(int index)
                       u"Can not change Race Type."_s;
         if (!refusal.isEmpty()) {
             messageBox(refusal, kTitle, Icon::Critical);
-            selectNumber(cmbRaceType, m_team->raceTypeNmbr());
+            selectComboNumber(cmbRaceType, m_team->raceTypeNmbr());
             return;
         }
     }
@@ -322,7 +300,7 @@ void frmTeam::carTypeActivated(int index)
                       u"Can not change Score By."_s;
         if (!refusal.isEmpty()) {
             messageBox(refusal, kTitle, Icon::Critical);
-            selectNumber(cmbCarType, m_team->carTypeNmbr());
+            selectComboNumber(cmbCarType, m_team->carTypeNmbr());
             return;
         }
     }
@@ -382,15 +360,10 @@ void frmTeam::okClicked()
 
 void frmTeam::reject()
 {
-    if (m_recordChanged && m_team) {
-        const Answer answer =
-            messageBox(u"Do you want to save changes"_s, m_team->teamName(), Icon::Question, Buttons::YesNoCancel);
-        if (answer == Answer::Cancel)
-            return;
-        if (answer == Answer::Yes)
-            saveTeam();
-    }
-    QDialog::reject();
+    const bool changed = m_recordChanged && m_team;
+    if (cancelClosesScreen(changed, changed ? m_team->teamName() : QString(), [this] { return saveTeam(); },
+                           YesOnCancel::SaveAndClose))
+        QDialog::reject();
 }
 
 void frmTeam::addLeagueClicked()

@@ -27,11 +27,6 @@ const cPaneColumn kColumns[] = {
     {u"Owner", 2500}, {u"Salary", 1500}, {u"Race Type", 1500},
 };
 
-int16_t chosenNumber(const QComboBox* combo, int16_t none)
-{
-    return combo->currentIndex() < 0 ? none : static_cast<int16_t>(combo->currentData().toInt());
-}
-
 } // namespace
 
 frmDisplayCars::frmDisplayCars()
@@ -124,16 +119,16 @@ void frmDisplayCars::fillCombos()
 {
     m_raceTypes = std::make_unique<cRaceTypeCollection>();
     m_raceTypes->load();
-    for (const cRaceType& raceType : *m_raceTypes)
-        cmbRaceType->addItem(raceType.raceTypeName(), int(raceType.raceTypeNmbr()));
+    fillNumberCombo(cmbRaceType, *m_raceTypes, [](const cRaceType& r) { return r.raceTypeNmbr(); },
+                    [](const cRaceType& r) { return r.raceTypeName(); });
     m_carTypes = std::make_unique<cCarTypeCollection>();
     m_carTypes->loadNoBonus();
-    for (const cCarType& carType : *m_carTypes)
-        cmbCarType->addItem(carType.carTypeName(), int(carType.carTypeNmbr()));
+    fillNumberCombo(cmbCarType, *m_carTypes, [](const cCarType& c) { return c.carTypeNmbr(); },
+                    [](const cCarType& c) { return c.carTypeName(); });
     m_groups = std::make_unique<cGroupCollection>();
     m_groups->load();
-    for (const cGroup& group : *m_groups)
-        cmbGroup->addItem(group.groupName(), int(group.groupNmbr()));
+    fillNumberCombo(cmbGroup, *m_groups, [](const cGroup& g) { return g.groupNmbr(); },
+                    [](const cGroup& g) { return g.groupName(); });
     cmbGroup->addItem(QString(), -1);
 }
 
@@ -260,10 +255,10 @@ bool frmDisplayCars::saveCar()
     car.setCarMake(txtMake->text());
     car.setCarTxt(txtCarNumber->text());
     car.setCarOwner(txtOwner->text());
-    car.setCarTypeNmbr(chosenNumber(cmbCarType, 0));
+    car.setCarTypeNmbr(comboNumber(cmbCarType, cmbCarType->currentIndex(), 0));
     car.setDriverName(txtDriver->text());
-    car.setGroupNmbr(cVariant(int(chosenNumber(cmbGroup, -1))));
-    car.setRaceTypeNmbr(chosenNumber(cmbRaceType, -1));
+    car.setGroupNmbr(cVariant(int(comboNumber(cmbGroup, cmbGroup->currentIndex(), -1))));
+    car.setRaceTypeNmbr(comboNumber(cmbRaceType, cmbRaceType->currentIndex(), -1));
     Currency salary;
     const bool salaryIsNumber = Currency::parse(txtSalary->text(), salary);
     if (salaryIsNumber)
