@@ -2,18 +2,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-QString number(int16_t value)
-{
-    return QString::number(value);
-}
-}
-
 int16_t cLeague::load(int16_t leagueNmbr)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM leagues"_s
-                            u" WHERE league_nmbr = "_s + number(leagueNmbr)) || m_db.eof())
+                            u" WHERE league_nmbr = "_s + sqlNumber(leagueNmbr)) || m_db.eof())
         return 0;
     m_leagueNmbr = m_db.fields(u"league_nmbr"_s).toInt16();
     m_leagueName = m_db.fields(u"league_name"_s).toText();
@@ -57,13 +50,13 @@ bool cLeague::updateRow()
     return m_db.execute(u"UPDATE leagues "_s
                         u" set league_name = '"_s + sqlText(m_leagueName) + u"'"_s +
                         u" ,league_short_name = '"_s + sqlText(m_leagueShortName) + u"'"_s +
-                        u" ,race_type_nmbr = "_s + number(m_raceTypeNmbr) +
-                        u" ,scoring_option_nmbr = "_s + number(m_scoringOptionNmbr) +
-                        u" ,scoring_type_nmbr = "_s + number(m_scoringTypeNmbr) +
+                        u" ,race_type_nmbr = "_s + sqlNumber(m_raceTypeNmbr) +
+                        u" ,scoring_option_nmbr = "_s + sqlNumber(m_scoringOptionNmbr) +
+                        u" ,scoring_type_nmbr = "_s + sqlNumber(m_scoringTypeNmbr) +
                         u" ,salary_cap = "_s + sqlCurrency(m_salaryCap) +
-                        u" ,drop_lowest = "_s + number(m_dropLowest) +
-                        u" ,car_type_nmbr = "_s + number(m_carTypeNmbr) +
-                        u" WHERE league_nmbr = "_s + number(m_leagueNmbr));
+                        u" ,drop_lowest = "_s + sqlNumber(m_dropLowest) +
+                        u" ,car_type_nmbr = "_s + sqlNumber(m_carTypeNmbr) +
+                        u" WHERE league_nmbr = "_s + sqlNumber(m_leagueNmbr));
 }
 
 bool cLeague::insertRow()
@@ -80,22 +73,22 @@ bool cLeague::insertRow()
                         u" drop_lowest,"_s
                         u" car_type_nmbr)"_s
                         u" VALUES "_s
-                        u"("_s + number(m_leagueNmbr) + u","_s +
+                        u"("_s + sqlNumber(m_leagueNmbr) + u","_s +
                         u"'"_s + sqlText(m_leagueName) + u"',"_s +
                         u"'"_s + sqlText(m_leagueShortName) + u"',"_s +
-                        number(m_raceTypeNmbr) + u","_s +
-                        number(m_scoringOptionNmbr) + u","_s +
-                        number(m_scoringTypeNmbr) + u","_s +
+                        sqlNumber(m_raceTypeNmbr) + u","_s +
+                        sqlNumber(m_scoringOptionNmbr) + u","_s +
+                        sqlNumber(m_scoringTypeNmbr) + u","_s +
                         sqlCurrency(m_salaryCap) + u","_s +
-                        number(m_dropLowest) + u","_s +
-                        number(m_carTypeNmbr) + u")"_s);
+                        sqlNumber(m_dropLowest) + u","_s +
+                        sqlNumber(m_carTypeNmbr) + u")"_s);
 }
 
 bool cLeague::deleteRow()
 {
     // No declared relationships: the league's dependent rows go by explicit statements, and
     // its head-to-head pairings are left where they are.
-    const QString where = u" WHERE league_nmbr = "_s + number(m_leagueNmbr);
+    const QString where = u" WHERE league_nmbr = "_s + sqlNumber(m_leagueNmbr);
     return m_db.execute(u"DELETE FROM league_teams"_s + where) &&
            m_db.execute(u"DELETE FROM team_results"_s + where) &&
            m_db.execute(u"DELETE FROM team_results_summary"_s + where) &&
@@ -124,12 +117,12 @@ int16_t cLeagueCollection::load(std::optional<int16_t> raceTypeNmbr, std::option
     QString statement = u"SELECT *"_s
                         u" FROM leagues"_s;
     if (raceTypeNmbr && carTypeNmbr)
-        statement += u" WHERE race_type_nmbr = "_s + number(*raceTypeNmbr) +
-                     u" AND car_type_nmbr = "_s + number(*carTypeNmbr);
+        statement += u" WHERE race_type_nmbr = "_s + sqlNumber(*raceTypeNmbr) +
+                     u" AND car_type_nmbr = "_s + sqlNumber(*carTypeNmbr);
     else if (raceTypeNmbr)
-        statement += u" WHERE race_type_nmbr = "_s + number(*raceTypeNmbr);
+        statement += u" WHERE race_type_nmbr = "_s + sqlNumber(*raceTypeNmbr);
     else if (carTypeNmbr)
-        statement += u" WHERE car_type_nmbr = "_s + number(*carTypeNmbr);
+        statement += u" WHERE car_type_nmbr = "_s + sqlNumber(*carTypeNmbr);
     return loadFrom(statement);
 }
 
@@ -138,7 +131,7 @@ int16_t cLeagueCollection::loadForTeam(int16_t teamNmbr)
     return loadFrom(u"SELECT leagues.*"_s
                     u" FROM leagues,league_teams"_s
                     u" WHERE leagues.league_nmbr = league_teams.league_nmbr"_s
-                    u" AND league_teams.team_nmbr = "_s + number(teamNmbr));
+                    u" AND league_teams.team_nmbr = "_s + sqlNumber(teamNmbr));
 }
 
 bool cLeagueCollection::raceTypeNmbrExists(const cVariant& raceTypeNmbr)

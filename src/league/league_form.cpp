@@ -1,6 +1,7 @@
 #include "league/league_form.h"
 #include "base/detail_screen.h"
 #include "base/messages.h"
+#include "base/row_tag.h"
 #include "league/car_type.h"
 #include "league/league.h"
 #include "league/league_teams.h"
@@ -39,7 +40,7 @@ constexpr int kShownCheckRole = Qt::UserRole + 2;
 
 cTeam* teamOf(const QTreeWidgetItem* item)
 {
-    return reinterpret_cast<cTeam*>(item->data(0, kTeamRole).value<quintptr>());
+    return rowRecord<cTeam>(item, kTeamRole);
 }
 
 // A label that answers a click.
@@ -488,7 +489,7 @@ void frmLeague::loadLeagueTeams()
     for (cTeam& team : *teams) {
         auto* item = new QTreeWidgetItem(lvwLeagueTeams, {team.teamName()});
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-        item->setData(0, kTeamRole, QVariant::fromValue(reinterpret_cast<quintptr>(&team)));
+        setRowRecord(item, kTeamRole, &team);
         item->setData(0, kKeyRole, u"TEAM"_s + QString::number(team.teamNmbr()));
         const Qt::CheckState state =
             members.teamExists(team.teamNmbr(), m_league->leagueNmbr()) ? Qt::Checked : Qt::Unchecked;

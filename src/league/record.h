@@ -34,6 +34,8 @@ QString sqlDate(const QDate& date);
 // A date compared in a WHERE clause: the short date between hash signs ("#2002-03-17#").
 // An invalid date gives NULL, which no row matches.
 QString sqlDateLiteral(const QDate& date);
+// A whole number in the general number form ("-12"): keys, codes, places, points.
+inline QString sqlNumber(int64_t value) { return QString::number(value); }
 // Money in the general number form: no quotes, no separators ("1000.5").
 QString sqlCurrency(Currency value);
 

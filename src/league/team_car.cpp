@@ -8,11 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-QString number(int16_t value)
-{
-    return QString::number(value);
-}
-
 // A double in the general number form of a statement: no exponent, no trailing zeros.
 QString sqlDouble(double value)
 {
@@ -55,8 +50,8 @@ bool cTeamCar::updateRow()
                         u" set efctv_dt = "_s + quotedDate(m_efctvDt) +
                         (m_termDt.isValid() ? u" ,term_dt = "_s + quotedDate(m_termDt) : u" ,term_dt = NULL"_s) +
                         u" ,active = "_s + (m_active != 0 ? u"1"_s : u"0"_s) +
-                        u" WHERE team_nmbr = "_s + number(m_teamNmbr) +
-                        u" AND car_nmbr = "_s + number(m_carNmbr));
+                        u" WHERE team_nmbr = "_s + sqlNumber(m_teamNmbr) +
+                        u" AND car_nmbr = "_s + sqlNumber(m_carNmbr));
 }
 
 bool cTeamCar::insertRow()
@@ -70,7 +65,7 @@ bool cTeamCar::insertRow()
                         u" locked_salary,"_s
                         u" active)"_s
                         u" VALUES "_s
-                        u"("_s + number(m_teamNmbr) + u","_s + number(m_carNmbr) + u","_s + quotedDate(m_efctvDt) +
+                        u"("_s + sqlNumber(m_teamNmbr) + u","_s + sqlNumber(m_carNmbr) + u","_s + quotedDate(m_efctvDt) +
                         u","_s + (m_termDt.isValid() ? quotedDate(m_termDt) + u","_s : u"NULL,"_s) +
                         sqlDouble(m_price) + u","_s + sqlDouble(m_lockedSalary) + u","_s +
                         QString::number(m_active) + u")"_s);
@@ -79,8 +74,8 @@ bool cTeamCar::insertRow()
 bool cTeamCar::deleteRow()
 {
     return m_db.execute(u"DELETE FROM team_car "_s
-                        u" WHERE team_nmbr = "_s + number(m_teamNmbr) +
-                        u" AND car_nmbr = "_s + number(m_carNmbr) +
+                        u" WHERE team_nmbr = "_s + sqlNumber(m_teamNmbr) +
+                        u" AND car_nmbr = "_s + sqlNumber(m_carNmbr) +
                         u" AND efctv_dt = "_s + sqlDateLiteral(m_efctvDt));
 }
 
@@ -88,8 +83,8 @@ bool cTeamCar::teamCarExists(int16_t teamNmbr, int16_t carNmbr, const QDate& efc
 {
     return m_db.OpenResultSet(u"SELECT *"_s
                               u" FROM team_car"_s
-                              u" WHERE team_nmbr = "_s + number(teamNmbr) +
-                              u" AND car_nmbr = "_s + number(carNmbr) +
+                              u" WHERE team_nmbr = "_s + sqlNumber(teamNmbr) +
+                              u" AND car_nmbr = "_s + sqlNumber(carNmbr) +
                               u" AND efctv_dt = "_s + sqlDateLiteral(efctvDt)) &&
            !m_db.eof();
 }
@@ -98,8 +93,8 @@ int16_t cTeamCar::load(int16_t teamNmbr, int16_t carNmbr)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM team_car"_s
-                            u" WHERE team_nmbr = "_s + number(teamNmbr) +
-                            u" AND car_nmbr = "_s + number(carNmbr)) ||
+                            u" WHERE team_nmbr = "_s + sqlNumber(teamNmbr) +
+                            u" AND car_nmbr = "_s + sqlNumber(carNmbr)) ||
         m_db.eof())
         return 0;
     m_teamNmbr = m_db.fields(u"team_nmbr"_s).toInt16();
@@ -118,8 +113,8 @@ QString cTeamCar::getTeamsForCar(int16_t teamNmbr, int16_t carNmbr, const QStrin
 {
     QString statement = u"SELECT team_nmbr"_s
                         u" FROM team_car"_s
-                        u" WHERE car_nmbr = "_s + number(carNmbr) +
-                        u" AND team_nmbr <> "_s + number(teamNmbr);
+                        u" WHERE car_nmbr = "_s + sqlNumber(carNmbr) +
+                        u" AND team_nmbr <> "_s + sqlNumber(teamNmbr);
     if (!teamList.isEmpty())
         statement += u" AND team_nmbr in "_s + teamList;
     statement += u" AND term_dt is NULL"_s;
@@ -127,7 +122,7 @@ QString cTeamCar::getTeamsForCar(int16_t teamNmbr, int16_t carNmbr, const QStrin
     QStringList teams;
     if (m_db.OpenResultSet(statement)) {
         while (!m_db.eof()) {
-            teams << number(m_db.fields(u"team_nmbr"_s).toInt16());
+            teams << sqlNumber(m_db.fields(u"team_nmbr"_s).toInt16());
             m_db.MoveNext();
         }
     }
@@ -139,7 +134,7 @@ int16_t cTeamCar::duplicateTeam(int16_t teamNmbr)
     std::vector<int16_t> openCars;   // bonus entries count like any other
     if (m_db.OpenResultSet(u"SELECT car_nmbr "_s
                            u" FROM team_car "_s
-                           u" WHERE team_nmbr = "_s + number(teamNmbr) +
+                           u" WHERE team_nmbr = "_s + sqlNumber(teamNmbr) +
                            u" AND term_dt is NULL"_s)) {
         while (!m_db.eof()) {
             openCars.push_back(m_db.fields(u"car_nmbr"_s).toInt16());
@@ -217,7 +212,7 @@ int16_t cTeamCarCollection::load(std::optional<int16_t> teamNmbr)
     QString statement = u"SELECT *"_s
                         u" FROM team_car"_s;
     if (teamNmbr)
-        statement += u" WHERE team_nmbr = "_s + number(*teamNmbr);
+        statement += u" WHERE team_nmbr = "_s + sqlNumber(*teamNmbr);
     return loadFrom(statement);
 }
 
@@ -228,7 +223,7 @@ int16_t cTeamCarCollection::loadNoBonus(std::optional<int16_t> teamNmbr)
                         u" WHERE team_car.car_nmbr = cars.car_nmbr"_s
                         u" AND car_type_nmbr in (1,2)"_s;
     if (teamNmbr)
-        statement += u" AND team_nmbr = "_s + number(*teamNmbr);
+        statement += u" AND team_nmbr = "_s + sqlNumber(*teamNmbr);
     return loadFrom(statement);
 }
 
@@ -236,7 +231,7 @@ int16_t cTeamCarCollection::loadCar(int16_t carNmbr)
 {
     return loadFrom(u"SELECT *"_s
                     u" FROM team_car"_s
-                    u" WHERE car_nmbr = "_s + number(carNmbr));
+                    u" WHERE car_nmbr = "_s + sqlNumber(carNmbr));
 }
 
 int16_t cTeamCarCollection::loadGroup(int16_t teamNmbr, int16_t groupNmbr)
@@ -244,8 +239,8 @@ int16_t cTeamCarCollection::loadGroup(int16_t teamNmbr, int16_t groupNmbr)
     return loadFrom(u"SELECT A.* "_s
                     u" FROM team_car A, cars B "_s
                     u" WHERE A.car_nmbr = B.car_nmbr "_s
-                    u" AND B.group_nmbr = "_s + number(groupNmbr) +
-                    u" AND A.team_nmbr = "_s + number(teamNmbr) +
+                    u" AND B.group_nmbr = "_s + sqlNumber(groupNmbr) +
+                    u" AND A.team_nmbr = "_s + sqlNumber(teamNmbr) +
                     u" AND A.term_dt is NULL "_s);
 }
 
@@ -254,7 +249,7 @@ int16_t cTeamCarCollection::loadDNQcars(int16_t raceNmbr, const cLeague& league)
     const int16_t leagueNmbr = league.leagueNmbr();
     if (!m_db.OpenResultSet(u"SELECT race_dt, race_type_nmbr "_s
                             u" FROM races "_s
-                            u" WHERE race_nmbr = "_s + number(raceNmbr)) ||
+                            u" WHERE race_nmbr = "_s + sqlNumber(raceNmbr)) ||
         m_db.eof())
         return loadedCount();
     const QString raceDt = sqlDateLiteral(m_db.fields(u"race_dt"_s).toDate());
@@ -266,11 +261,11 @@ int16_t cTeamCarCollection::loadDNQcars(int16_t raceNmbr, const cLeague& league)
                     u" WHERE team_car.car_nmbr NOT IN ("_s
                     u"   SELECT car_nmbr"_s
                     u"   FROM results"_s
-                    u"   WHERE race_nmbr = "_s + number(raceNmbr) + u")"_s +
+                    u"   WHERE race_nmbr = "_s + sqlNumber(raceNmbr) + u")"_s +
                     u" AND team_car.team_nmbr = league_teams.team_nmbr "_s
-                    u" AND league_teams.league_nmbr = "_s + number(leagueNmbr) +
+                    u" AND league_teams.league_nmbr = "_s + sqlNumber(leagueNmbr) +
                     u" AND team_car.car_nmbr = cars.car_nmbr "_s
-                    u" AND cars.race_type_nmbr = "_s + number(raceTypeNmbr) +
+                    u" AND cars.race_type_nmbr = "_s + sqlNumber(raceTypeNmbr) +
                     u" AND team_car.efctv_dt <= "_s + raceDt +
                     u" AND (team_car.term_dt > "_s + raceDt +
                     u"  OR team_car.term_dt is null)"_s);
@@ -279,7 +274,7 @@ int16_t cTeamCarCollection::loadDNQcars(int16_t raceNmbr, const cLeague& league)
 bool cTeamCarCollection::insertNew(int16_t teamNmbr)
 {
     if (!m_db.execute(u"DELETE FROM team_car "_s
-                      u" WHERE team_nmbr = "_s + number(teamNmbr)))
+                      u" WHERE team_nmbr = "_s + sqlNumber(teamNmbr)))
         return false;
     for (const cTeamCar& entry : *this) {
         const QDate termDt = entry.termDt();
@@ -291,7 +286,7 @@ bool cTeamCarCollection::insertNew(int16_t teamNmbr)
                           u" price,"_s
                           u" active)"_s
                           u" VALUES "_s
-                          u"("_s + number(teamNmbr) + u","_s + number(entry.carNmbr()) + u","_s +
+                          u"("_s + sqlNumber(teamNmbr) + u","_s + sqlNumber(entry.carNmbr()) + u","_s +
                           quotedDate(entry.efctvDt()) + u","_s +
                           (termDt.isValid() ? quotedDate(termDt) + u","_s : u"NULL,"_s) + sqlDouble(entry.price()) +
                           u","_s + QString::number(entry.active()) + u")"_s))
@@ -352,6 +347,6 @@ bool cTeamCarCollection::TermAll(int16_t teamNmbr, const QDate& termDt)
 {
     return m_db.execute(u" UPDATE team_car "_s
                         u" SET term_dt = '"_s + shortDate(termDt) + u"'"_s +
-                        u" WHERE team_nmbr = "_s + number(teamNmbr) +
+                        u" WHERE team_nmbr = "_s + sqlNumber(teamNmbr) +
                         u" AND term_dt is NULL "_s);
 }

@@ -1,4 +1,5 @@
 #include "base/messages.h"
+#include "base/row_tag.h"
 #include "league/car.h"
 #include "league/team.h"
 #include "league/team_car.h"
@@ -27,7 +28,7 @@ enum RosterColumn { kActive, kNumber, kDriver, kEfctvDt, kTermDt, kLockedSalary 
 
 cTeamCar* entryOf(const QTreeWidgetItem* item)
 {
-    return item ? reinterpret_cast<cTeamCar*>(item->data(0, kEntryRole).value<quintptr>()) : nullptr;
+    return rowRecord<cTeamCar>(item, kEntryRole);
 }
 
 // Sorts a roster column by what it means: car numbers as numbers where they are numbers,
@@ -175,7 +176,7 @@ void frmTeam::addRosterRow(cTeamCar& entry)
     row->setText(kLockedSalary, locked.toCurrencyText());
     row->setData(kLockedSalary, kSortRole, entry.LockedSalary());
     row->setTextAlignment(kLockedSalary, Qt::AlignRight | Qt::AlignVCenter);
-    row->setData(0, kEntryRole, QVariant::fromValue(reinterpret_cast<quintptr>(&entry)));
+    setRowRecord(row, kEntryRole, &entry);
     lvwTeamCars->addTopLevelItem(row);
 
     // The present payroll: open entries, and those whose termination day is still to come.

@@ -19,7 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRecordRole = Qt::UserRole;
 
 QIcon kindPicture(RecordKind kind)
 {
@@ -121,10 +120,9 @@ void cDisplayPane::beginFill(std::span<const cPaneColumn> columns)
     m_icons->setModelColumn(qMax(0, firstVisible));
 }
 
-QTreeWidgetItem* cDisplayPane::addRow(const QStringList& texts, void* record, bool selected)
+QTreeWidgetItem* cDisplayPane::addRow(const QStringList& texts, bool selected)
 {
     auto* row = new QTreeWidgetItem(m_list, texts);
-    row->setData(0, kRecordRole, QVariant::fromValue(reinterpret_cast<quintptr>(record)));
     row->setIcon(m_icons->modelColumn(), windowIcon());
     if (selected) {
         m_list->setCurrentItem(row);
@@ -156,11 +154,6 @@ QTreeWidgetItem* cDisplayPane::selectedRow() const
 {
     const QList<QTreeWidgetItem*> rows = m_list->selectedItems();
     return rows.isEmpty() ? nullptr : rows.constFirst();
-}
-
-void* cDisplayPane::rowRecord(const QTreeWidgetItem* row)
-{
-    return row ? reinterpret_cast<void*>(row->data(0, kRecordRole).value<quintptr>()) : nullptr;
 }
 
 // ---------------------------------------------------------------- view, sort, window

@@ -2,6 +2,7 @@
 // The list panes: child windows of the main window that show every record of one kind, one row
 // a record, the record itself kept in the row's tag. The record commands act on the selected
 // row. Each pane is one instance, made at its first display and gone when it is closed.
+#include "base/row_tag.h"
 #include "shell/record_kinds.h"
 
 #include <QList>
@@ -42,12 +43,13 @@ public:
     QTreeWidget* list() const { return m_list; }
     // The row that is selected, or nullptr.
     QTreeWidgetItem* selectedRow() const;
-    // The record in a row's tag.
-    static void* rowRecord(const QTreeWidgetItem* row);
+    // The role of a row's data that holds its record.
+    static constexpr int kRecordRole = Qt::UserRole;
+    // The record of the selected row, or nullptr (also when the row holds another kind).
     template <class T>
     T* selectedRecord() const
     {
-        return static_cast<T*>(rowRecord(selectedRow()));
+        return rowRecord<T>(selectedRow(), kRecordRole);
     }
 
     // The pane's child window in the main window's pane area; nullptr before the first display
@@ -64,7 +66,14 @@ protected:
     // keeps the header sort, selects the first row when nothing was asked for and scrolls the
     // selected row into view.
     void beginFill(std::span<const cPaneColumn> columns);
-    QTreeWidgetItem* addRow(const QStringList& texts, void* record, bool selected);
+    template <class T>
+    QTreeWidgetItem* addRow(const QStringList& texts, T* record, bool selected)
+    {
+        QTreeWidgetItem* row = addRow(texts, selected);
+        setRowRecord(row, kRecordRole, record);
+        return row;
+    }
+    QTreeWidgetItem* addRow(const QStringList& texts, bool selected);
     void endFill(bool selectFirst);
 
     // The column whose text orders the rows when a header is clicked.
