@@ -163,11 +163,6 @@ int16_t comboNumber(const QComboBox* combo, int index, int16_t none)
     return index < 0 || index >= combo->count() ? none : static_cast<int16_t>(combo->itemData(index).toInt());
 }
 
-bool cDetailScreen::saveBeforeLeaving()
-{
-    return !applyEnabled() || apply();
-}
-
 void cRefusedClick::note()
 {
     if (QGuiApplication::mouseButtons() != Qt::NoButton)

@@ -98,8 +98,6 @@ public:
     bool apply();          // saves; on success clears the mark
     void ok();             // saves if needed, then closes unless the save failed
     void cancel();         // asks when changed; Yes saves, then closes as the screen's rule says
-    // Saves first when cmdApply is enabled (a tab change); false when the save failed.
-    bool saveBeforeLeaving();
 
 private:
     QWidget* m_screen;

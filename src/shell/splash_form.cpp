@@ -83,11 +83,6 @@ void frmSplash::setStartInterval(int milliseconds)
     m_timer->setInterval(milliseconds);
 }
 
-int frmSplash::startInterval() const
-{
-    return m_timer->interval();
-}
-
 void frmSplash::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);

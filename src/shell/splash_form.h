@@ -12,7 +12,6 @@ public:
     explicit frmSplash(QWidget* parent = nullptr);
 
     void setStartInterval(int milliseconds);
-    int startInterval() const;
 
     void reject() override;
 

@@ -22,7 +22,7 @@ BatchRun batch(const QTemporaryDir& dir, const QStringList& args)
             QString::fromUtf8(process.readAllStandardError())};
 }
 
-TEST(BatchTool, init_creates_the_data_file_once_and_sql_reads_and_writes_it)
+TEST(BatchTool, initCreatesTheDataFileOnceAndSqlReadsAndWritesIt)
 {
     QTemporaryDir dir;
     EXPECT_EQ(batch(dir, {u"sql"_s, u"SELECT 1"_s}).status, 1);   // no data file yet
@@ -36,7 +36,7 @@ TEST(BatchTool, init_creates_the_data_file_once_and_sql_reads_and_writes_it)
     EXPECT_EQ(listing.out, u"team_nmbr\tteam_name\temail\n500\tO'Hare\t\n"_s);
 }
 
-TEST(BatchTool, a_failing_statement_shows_its_box_on_stderr_and_exits_1)
+TEST(BatchTool, aFailingStatementShowsItsBoxOnStderrAndExits1)
 {
     QTemporaryDir dir;
     ASSERT_EQ(batch(dir, {u"init"_s}).status, 0);
@@ -45,7 +45,7 @@ TEST(BatchTool, a_failing_statement_shows_its_box_on_stderr_and_exits_1)
     EXPECT_EQ(failed.err, u"Lapkeeper: Error = no such table: nothere SQL = DELETE FROM nothere\n"_s);
 }
 
-TEST(BatchTool, clear_commands_remove_postings_and_bad_usage_exits_2)
+TEST(BatchTool, clearCommandsRemovePostingsAndBadUsageExits2)
 {
     QTemporaryDir dir;
     ASSERT_EQ(batch(dir, {u"init"_s}).status, 0);
@@ -65,7 +65,7 @@ TEST(BatchTool, clear_commands_remove_postings_and_bad_usage_exits_2)
     EXPECT_EQ(batch(dir, {}).status, 2);
 }
 
-TEST(BatchTool, posts_races_and_prints_the_standings)
+TEST(BatchTool, postsRacesAndPrintsTheStandings)
 {
     QTemporaryDir dir;
     ASSERT_EQ(batch(dir, {u"init"_s}).status, 0);

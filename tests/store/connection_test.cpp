@@ -36,7 +36,7 @@ void writeForeignFile(const QString& path, const char* key)
     sqlite3_close(db);
 }
 
-TEST(Connection, opens_the_data_file_exclusively_in_wal_mode_and_closes_to_one_file)
+TEST(Connection, opensTheDataFileExclusivelyInWalModeAndClosesToOneFile)
 {
     TempApp app;
     EXPECT_EQ(gConnection->connectionStatus(), 0);
@@ -60,7 +60,7 @@ TEST(Connection, opens_the_data_file_exclusively_in_wal_mode_and_closes_to_one_f
     EXPECT_EQ(app.count(u"teams"_s), 1);
 }
 
-TEST(Connection, the_data_file_is_encrypted_on_disk)
+TEST(Connection, theDataFileIsEncryptedOnDisk)
 {
     TempApp app;
     IDatabase db;
@@ -81,7 +81,7 @@ struct BadFile {
 
 class RefusedDataFile : public ::testing::TestWithParam<BadFile> {};
 
-TEST_P(RefusedDataFile, shows_the_engine_message_then_unable_to_connect_and_stays_closed)
+TEST_P(RefusedDataFile, showsTheEngineMessageThenUnableToConnectAndStaysClosed)
 {
     TempApp app(false);
     GetParam().make(app.dataFile());
@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "no such table: attribute_dm"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
-TEST(Connection, a_failing_statement_shows_its_text_and_returns_false)
+TEST(Connection, aFailingStatementShowsItsTextAndReturnsFalse)
 {
     TempApp app;
     IDatabase db;
@@ -136,7 +136,7 @@ TEST(Connection, a_failing_statement_shows_its_text_and_returns_false)
     EXPECT_EQ(app.presenter().boxes()[0].title, u"Lapkeeper"_s);
 }
 
-TEST(Connection, statements_on_a_closed_connection_fail_with_a_box)
+TEST(Connection, statementsOnAClosedConnectionFailWithABox)
 {
     TempApp app;
     gConnection->CloseConnection();
@@ -145,7 +145,7 @@ TEST(Connection, statements_on_a_closed_connection_fail_with_a_box)
     EXPECT_EQ(app.presenter().boxTexts().value(0), u"Error = Object invalid or no longer set. SQL = DELETE FROM teams"_s);
 }
 
-TEST(Connection, a_rolled_back_transaction_leaves_the_old_rows)
+TEST(Connection, aRolledBackTransactionLeavesTheOldRows)
 {
     TempApp app;
     IDatabase db;
@@ -163,7 +163,7 @@ TEST(Connection, a_rolled_back_transaction_leaves_the_old_rows)
     EXPECT_EQ(app.scalar(u"SELECT place FROM results"_s), u"9"_s);
 }
 
-TEST(ResultSet, moves_read_the_rows_as_the_program_expects)
+TEST(ResultSet, movesReadTheRowsAsTheProgramExpects)
 {
     TempApp app;
     IDatabase db;
@@ -199,7 +199,7 @@ TEST(ResultSet, moves_read_the_rows_as_the_program_expects)
     EXPECT_EQ(runtimeErrorOf([&] { db.fields(u"race_status_nmbr"_s); }), u"No current record."_s);
 }
 
-TEST(ResultSet, null_and_out_of_range_values_raise_the_run_time_error)
+TEST(ResultSet, nullAndOutOfRangeValuesRaiseTheRunTimeError)
 {
     TempApp app;
     IDatabase db;
@@ -217,7 +217,7 @@ TEST(ResultSet, null_and_out_of_range_values_raise_the_run_time_error)
     EXPECT_EQ(db.fields(u"money"_s).toCurrency().toSqlText(), u"1000.25"_s);
 }
 
-TEST(Compaction, writes_an_encrypted_compact_copy_with_the_same_rows)
+TEST(Compaction, writesAnEncryptedCompactCopyWithTheSameRows)
 {
     TempApp app;
     IDatabase db;
@@ -247,7 +247,7 @@ TEST(Compaction, writes_an_encrypted_compact_copy_with_the_same_rows)
     sqlite3_close(copy);
 }
 
-TEST(Compaction, an_empty_destination_means_the_backups_folder_and_errors_stay_silent)
+TEST(Compaction, anEmptyDestinationMeansTheBackupsFolderAndErrorsStaySilent)
 {
     TempApp app;
     gConnection->CloseConnection();

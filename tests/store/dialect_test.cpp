@@ -15,7 +15,7 @@ struct Rewrite {
 
 class DialectRewrite : public ::testing::TestWithParam<Rewrite> {};
 
-TEST_P(DialectRewrite, turns_the_programs_statement_into_the_engines)
+TEST_P(DialectRewrite, turnsTheProgramsStatementIntoTheEngines)
 {
     EXPECT_EQ(jet_dialect(QString::fromUtf8(GetParam().input)).toStdString(), GetParam().expected);
 }
@@ -89,14 +89,14 @@ protected:
     IDatabase db;
 };
 
-TEST_F(DialectOnEngine, texts_money_and_stored_dates_round_trip)
+TEST_F(DialectOnEngine, textsMoneyAndStoredDatesRoundTrip)
 {
     EXPECT_EQ(first(u"SELECT team_name FROM teams WHERE team_nmbr = 500"_s, u"team_name"_s), u"O'Brien's Racing"_s);
     EXPECT_EQ(first(u"SELECT salary FROM cars WHERE car_nmbr = 500"_s, u"salary"_s), u"1000.5"_s);
     EXPECT_EQ(first(u"SELECT race_dt FROM races WHERE race_nmbr = 502"_s, u"race_dt"_s), u"2002-03-17"_s);
 }
 
-TEST_F(DialectOnEngine, hash_dates_compare_with_stored_dates)
+TEST_F(DialectOnEngine, hashDatesCompareWithStoredDates)
 {
     EXPECT_EQ(rows(u"SELECT * FROM team_car WHERE efctv_dt = #2002-02-01#"_s), 3);
     EXPECT_EQ(rows(u"SELECT * FROM team_car WHERE team_car.efctv_dt <= #3/17/2002#"
@@ -104,7 +104,7 @@ TEST_F(DialectOnEngine, hash_dates_compare_with_stored_dates)
     EXPECT_EQ(rows(u"SELECT * FROM team_car WHERE term_dt Is Null"_s), 2);
 }
 
-TEST_F(DialectOnEngine, nested_sub_selects_find_the_previous_race)
+TEST_F(DialectOnEngine, nestedSubSelectsFindThePreviousRace)
 {
     EXPECT_EQ(first(u"SELECT race_nmbr FROM RACES r1 WHERE race_dt = (SELECT max(race_dt) FROM races r2 "
                     u"WHERE r2.race_type_nmbr = 1 AND race_dt < (SELECT race_dt FROM races r3 WHERE r3.race_nmbr = 503))"_s,
@@ -115,7 +115,7 @@ TEST_F(DialectOnEngine, nested_sub_selects_find_the_previous_race)
               u"502"_s);
 }
 
-TEST_F(DialectOnEngine, aliases_counts_lists_and_orders)
+TEST_F(DialectOnEngine, aliasesCountsListsAndOrders)
 {
     EXPECT_EQ(first(u"SELECT count(*) as count  FROM team_car A, cars B WHERE A.car_nmbr = B.Car_nmbr AND B.car_type_nmbr in (1,2)"_s,
                     u"Count"_s),
@@ -126,7 +126,7 @@ TEST_F(DialectOnEngine, aliases_counts_lists_and_orders)
     EXPECT_EQ(rows(u"SELECT * FROM cars WHERE car_nmbr NOT IN (SELECT car_nmbr FROM team_car)"_s), 1);
 }
 
-TEST_F(DialectOnEngine, a_right_join_keeps_every_row_of_its_right_side)
+TEST_F(DialectOnEngine, aRightJoinKeepsEveryRowOfItsRightSide)
 {
     // Car 503 has no group: the right join must still bring it, with an empty group name.
     const QString sql =
@@ -145,7 +145,7 @@ TEST_F(DialectOnEngine, a_right_join_keeps_every_row_of_its_right_side)
     EXPECT_EQ(seen, (QStringList{u"20:Group A"_s, u"21:Group A"_s, u"23:"_s}));
 }
 
-TEST_F(DialectOnEngine, insert_select_update_forms_and_delete_with_star)
+TEST_F(DialectOnEngine, insertSelectUpdateFormsAndDeleteWithStar)
 {
     ASSERT_TRUE(db.execute(u"INSERT INTO team_results (race_nmbr, league_nmbr, team_nmbr, car_nmbr, current_status, points) "
                            u"SELECT 501, 7, team_nmbr, car_nmbr, 1, 0 FROM team_car WHERE term_dt is NULL"_s));
@@ -160,7 +160,7 @@ TEST_F(DialectOnEngine, insert_select_update_forms_and_delete_with_star)
     EXPECT_EQ(app.count(u"team_results"_s), 0);
 }
 
-TEST_F(DialectOnEngine, a_row_refused_by_its_key_is_skipped_without_failing_the_statement)
+TEST_F(DialectOnEngine, aRowRefusedByItsKeyIsSkippedWithoutFailingTheStatement)
 {
     EXPECT_TRUE(db.execute(u"INSERT INTO teams (team_nmbr, team_name) VALUES (500, 'Duplicate')"_s));
     EXPECT_EQ(first(u"SELECT team_name FROM teams WHERE team_nmbr = 500"_s, u"team_name"_s), u"O'Brien's Racing"_s);

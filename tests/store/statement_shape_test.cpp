@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(StatementShape, takes_the_values_out_of_an_action_statement)
+TEST(StatementShape, takesTheValuesOutOfAnActionStatement)
 {
     StatementShape shape;
     ASSERT_TRUE(shapeStatement(" UPDATE OR IGNORE team_results  SET total_points = points + 12 WHERE team_nmbr1 = 500 "
@@ -23,7 +23,7 @@ TEST(StatementShape, takes_the_values_out_of_an_action_statement)
     EXPECT_DOUBLE_EQ(std::get<double>(shape.values[3]), 1000.5);
 }
 
-TEST(StatementShape, leaves_column_positions_and_other_statements_alone)
+TEST(StatementShape, leavesColumnPositionsAndOtherStatementsAlone)
 {
     StatementShape shape;
     ASSERT_TRUE(shapeStatement("INSERT OR IGNORE INTO t SELECT a, 7 FROM u GROUP BY 1, 2 ORDER BY 2 DESC LIMIT 5", shape));
@@ -37,7 +37,7 @@ TEST(StatementShape, leaves_column_positions_and_other_statements_alone)
     EXPECT_FALSE(shapeStatement("DELETE FROM t WHERE a = 1e5", shape));
 }
 
-TEST(StatementShape, shaped_statements_write_what_the_literal_ones_would)
+TEST(StatementShape, shapedStatementsWriteWhatTheLiteralOnesWould)
 {
     TempApp app;
     IDatabase db;
