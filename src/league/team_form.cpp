@@ -10,6 +10,7 @@
 #include "league/team_car.h"
 #include "league/team_car_form.h"
 #include "league/team_car_multiple_form.h"
+#include "league/team_roster_tab.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -58,23 +59,23 @@ frmTeam::frmTeam(QWidget* parent)
         frmLeagueTeams screen(this);
         screen.showWith(team);
     };
-    m_openTeamCar = [this](cTeamCar& entry, Currency& totalSalary) {
+    m_rosterTab = new cTeamRosterTab;
+    m_rosterTab->setTeamCarOpener([this](cTeamCar& entry, Currency& totalSalary) {
         frmTeamCar screen(this);
         screen.showWith(entry, totalSalary);
-    };
-    m_openTeamCarMultiple = [this](cTeam& team, Currency totalSalary) {
+    });
+    m_rosterTab->setTeamCarMultipleOpener([this](cTeam& team, Currency totalSalary) {
         frmTeamCarMultiple screen(this);
         screen.showWith(team, totalSalary);
-    };
+    });
+    connect(m_rosterTab, &cTeamRosterTab::activeFlagChanged, this, [this] { cmdApply->setEnabled(true); });
 
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(u"SSTab1"_s);
     auto* teamPage = new QWidget;
-    auto* rosterPage = new QWidget;
     buildTeamTab(teamPage);
-    buildRosterTab(rosterPage);
     SSTab1->addTab(teamPage, u"Team"_s);
-    SSTab1->addTab(rosterPage, u"Team Cars/Drivers"_s);
+    SSTab1->addTab(m_rosterTab, u"Team Cars/Drivers"_s);
 
     const cButtonRow buttons = makeButtonRow(this);
     cmdOK = buttons.ok;
@@ -94,6 +95,16 @@ frmTeam::frmTeam(QWidget* parent)
 }
 
 frmTeam::~frmTeam() = default;
+
+void frmTeam::setTeamCarOpener(TeamCarOpener opener)
+{
+    m_rosterTab->setTeamCarOpener(std::move(opener));
+}
+
+void frmTeam::setTeamCarMultipleOpener(TeamCarMultipleOpener opener)
+{
+    m_rosterTab->setTeamCarMultipleOpener(std::move(opener));
+}
 
 void frmTeam::buildTeamTab(QWidget* page)
 {
@@ -215,12 +226,10 @@ void frmTeam::fill(cTeam& team)
 
     lvwLeagues->clear();
     loadTeamLeagues();
-    lvwTeamCars->clear();
-    m_roster.reset();
-    txtTotalSalary->clear();
+    m_rosterTab->reset(team);
     SSTab1->setCurrentIndex(0);
     setWindowTitle(u"Team - "_s + team.teamName());
-    m_recordChanged = m_rosterChanged = m_activeChanged = false;
+    m_recordChanged = false;
     cmdApply->setEnabled(false);
     m_filling = false;
 }
@@ -342,10 +351,9 @@ bool frmTeam::saveTeam()
         m_recordChanged = false;
         // Active flags changed meanwhile wait for the next save.
         cmdApply->setEnabled(false);
-    } else if (m_activeChanged) {
-        if (!saveActiveFlags())
+    } else if (m_rosterTab->activeFlagsChanged()) {
+        if (!m_rosterTab->saveActiveFlags())
             return false;
-        m_activeChanged = false;
         cmdApply->setEnabled(false);
     }
     return !cmdApply->isEnabled();
@@ -382,6 +390,6 @@ void frmTeam::tabChanged(int index)
         return;
     if (cmdApply->isEnabled())
         saveTeam();
-    if (index == 1 && lvwTeamCars->topLevelItemCount() == 0)
-        openRoster();
+    if (index == 1)
+        m_rosterTab->openIfUnread();
 }

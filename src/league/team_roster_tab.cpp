@@ -1,9 +1,9 @@
+#include "league/team_roster_tab.h"
 #include "base/messages.h"
 #include "base/row_tag.h"
 #include "league/car.h"
 #include "league/team.h"
 #include "league/team_car.h"
-#include "league/team_form.h"
 #include "racing/team_results.h"
 #include "store/dates.h"
 
@@ -15,8 +15,6 @@
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-
-// The second tab of the team screen: the roster, its payroll and the roster buttons.
 
 using namespace Qt::StringLiterals;
 
@@ -52,8 +50,10 @@ public:
 };
 }
 
-void frmTeam::buildRosterTab(QWidget* page)
+cTeamRosterTab::cTeamRosterTab(QWidget* parent)
+    : QWidget(parent)
 {
+    QWidget* page = this;
     lvwTeamCars = new QTreeWidget(page);
     lvwTeamCars->setObjectName(u"lvwTeamCars"_s);
     lvwTeamCars->setRootIsDecorated(false);
@@ -69,7 +69,7 @@ void frmTeam::buildRosterTab(QWidget* page)
     header->setSortIndicatorShown(true);
     lvwTeamCars->setSortingEnabled(true);
     lvwTeamCars->sortByColumn(kNumber, Qt::AscendingOrder);
-    connect(lvwTeamCars, &QTreeWidget::itemChanged, this, &frmTeam::rosterItemChanged);
+    connect(lvwTeamCars, &QTreeWidget::itemChanged, this, &cTeamRosterTab::rosterItemChanged);
     connect(lvwTeamCars, &QTreeWidget::itemDoubleClicked, this, [this] { updateClicked(); });
 
     txtTotalSalary = new QLineEdit(page);
@@ -94,13 +94,13 @@ void frmTeam::buildRosterTab(QWidget* page)
     cmdTermAll = button(u"cmdTermAll"_s, u"Terminate All"_s);
     cmdDelete = button(u"cmdDelete"_s, u"&Delete"_s);
     cmdCheckDuplicate = button(u"cmdCheckDuplicate"_s, u"D&uplicate?"_s);
-    connect(cmdAdd, &QPushButton::clicked, this, &frmTeam::addClicked);
-    connect(CmdAddMultiple, &QPushButton::clicked, this, &frmTeam::addMultipleClicked);
-    connect(cmdUpdate, &QPushButton::clicked, this, &frmTeam::updateClicked);
-    connect(cmdTerm, &QPushButton::clicked, this, &frmTeam::termClicked);
-    connect(cmdTermAll, &QPushButton::clicked, this, &frmTeam::termAllClicked);
-    connect(cmdDelete, &QPushButton::clicked, this, &frmTeam::deleteClicked);
-    connect(cmdCheckDuplicate, &QPushButton::clicked, this, &frmTeam::checkDuplicateClicked);
+    connect(cmdAdd, &QPushButton::clicked, this, &cTeamRosterTab::addClicked);
+    connect(CmdAddMultiple, &QPushButton::clicked, this, &cTeamRosterTab::addMultipleClicked);
+    connect(cmdUpdate, &QPushButton::clicked, this, &cTeamRosterTab::updateClicked);
+    connect(cmdTerm, &QPushButton::clicked, this, &cTeamRosterTab::termClicked);
+    connect(cmdTermAll, &QPushButton::clicked, this, &cTeamRosterTab::termAllClicked);
+    connect(cmdDelete, &QPushButton::clicked, this, &cTeamRosterTab::deleteClicked);
+    connect(cmdCheckDuplicate, &QPushButton::clicked, this, &cTeamRosterTab::checkDuplicateClicked);
 
     auto* side = new QVBoxLayout;
     for (QPushButton* b : {cmdAdd, CmdAddMultiple, cmdUpdate, cmdTerm, cmdTermAll, cmdDelete})
@@ -121,23 +121,38 @@ void frmTeam::buildRosterTab(QWidget* page)
     grid->setColumnStretch(0, 1);
 }
 
-bool frmTeam::saveActiveFlags()
+cTeamRosterTab::~cTeamRosterTab() = default;
+
+void cTeamRosterTab::reset(cTeam& team)
+{
+    m_team = &team;
+    lvwTeamCars->clear();
+    m_roster.reset();
+    txtTotalSalary->clear();
+    m_activeChanged = false;
+}
+
+bool cTeamRosterTab::saveActiveFlags()
 {
     for (int i = 0; i < lvwTeamCars->topLevelItemCount(); ++i) {
         if (cTeamCar* entry = entryOf(lvwTeamCars->topLevelItem(i)); entry && !entry->updateRow())
             return false;
     }
+    m_activeChanged = false;
     return true;
 }
 
-// Arriving at the roster for the first time: read it and show it by number.
-void frmTeam::openRoster()
+// The first arrival reads the roster; an empty roster leaves a blank row behind, so returning to
+// the tab does not read it again.
+void cTeamRosterTab::openIfUnread()
 {
+    if (lvwTeamCars->topLevelItemCount() != 0)
+        return;
     loadRoster();
     lvwTeamCars->sortByColumn(kNumber, Qt::AscendingOrder);
 }
 
-void frmTeam::loadRoster()
+void cTeamRosterTab::loadRoster()
 {
     const bool wasFilling = m_filling;
     m_filling = true;
@@ -157,7 +172,7 @@ void frmTeam::loadRoster()
     m_filling = wasFilling;
 }
 
-void frmTeam::addRosterRow(cTeamCar& entry)
+void cTeamRosterTab::addRosterRow(cTeamCar& entry)
 {
     cCar car;
     car.load(entry.carNmbr());
@@ -185,7 +200,7 @@ void frmTeam::addRosterRow(cTeamCar& entry)
         m_totalSalary += locked;
 }
 
-void frmTeam::refreshRoster()
+void cTeamRosterTab::refreshRoster()
 {
     QHeaderView* header = lvwTeamCars->header();
     const int column = header->sortIndicatorSection();
@@ -195,26 +210,26 @@ void frmTeam::refreshRoster()
     lvwTeamCars->sortByColumn(column, order);
 }
 
-void frmTeam::rosterItemChanged(QTreeWidgetItem* item, int column)
+void cTeamRosterTab::rosterItemChanged(QTreeWidgetItem* item, int column)
 {
-    if (m_filling || !isVisible() || column != kActive)
+    if (m_filling || !window()->isVisible() || column != kActive)
         return;
     cTeamCar* entry = entryOf(item);
     if (!entry)
         return;
     entry->setActive(item->checkState(kActive) == Qt::Checked ? 1 : 0);
     m_activeChanged = true;
-    cmdApply->setEnabled(true);
+    emit activeFlagChanged();
 }
 
-cTeamCar* frmTeam::selectedEntry() const
+cTeamCar* cTeamRosterTab::selectedEntry() const
 {
     return entryOf(lvwTeamCars->currentItem());
 }
 
 // Roster buttons work on a team that is stored; the blank row of an empty roster holds no
 // entry, and the buttons that need one do nothing on it.
-void frmTeam::addClicked()
+void cTeamRosterTab::addClicked()
 {
     if (!m_team || m_team->teamNmbr() < 1)
         return;
@@ -224,7 +239,7 @@ void frmTeam::addClicked()
     refreshRoster();
 }
 
-void frmTeam::addMultipleClicked()
+void cTeamRosterTab::addMultipleClicked()
 {
     if (!m_team || m_team->teamNmbr() < 1)
         return;
@@ -232,7 +247,7 @@ void frmTeam::addMultipleClicked()
     refreshRoster();
 }
 
-void frmTeam::updateClicked()
+void cTeamRosterTab::updateClicked()
 {
     cTeamCar* entry = selectedEntry();
     if (!entry)
@@ -241,7 +256,7 @@ void frmTeam::updateClicked()
     refreshRoster();
 }
 
-void frmTeam::termClicked()
+void cTeamRosterTab::termClicked()
 {
     cTeamCar* entry = selectedEntry();
     if (!entry)
@@ -253,7 +268,7 @@ void frmTeam::termClicked()
     refreshRoster();
 }
 
-void frmTeam::termAllClicked()
+void cTeamRosterTab::termAllClicked()
 {
     if (!m_team || m_team->teamNmbr() < 1)
         return;
@@ -262,7 +277,7 @@ void frmTeam::termAllClicked()
     refreshRoster();
 }
 
-void frmTeam::deleteClicked()
+void cTeamRosterTab::deleteClicked()
 {
     cTeamCar* entry = selectedEntry();
     if (!entry)
@@ -278,7 +293,7 @@ void frmTeam::deleteClicked()
     refreshRoster();
 }
 
-void frmTeam::checkDuplicateClicked()
+void cTeamRosterTab::checkDuplicateClicked()
 {
     if (!m_team)
         return;
