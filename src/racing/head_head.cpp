@@ -1,4 +1,5 @@
 #include "racing/head_head.h"
+#include "store/transaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -77,19 +78,14 @@ bool cRaceHeadHeadCollection::update()
 
 bool cRaceHeadHeadCollection::update(int16_t leagueNmbr, int16_t raceNmbr)
 {
-    cWorkspace& workspace = gConnection->getWorkSpace();
-    workspace.BeginTrans();
+    cTransaction transaction;
     if (!m_db.execute(u"DELETE FROM race_head_head  WHERE league_nmbr = "_s + QString::number(leagueNmbr) +
-                      u" AND race_nmbr = "_s + QString::number(raceNmbr))) {
-        workspace.Rollback();
+                      u" AND race_nmbr = "_s + QString::number(raceNmbr)))
         return false;
-    }
     for (cRaceHeadHead& pair : *this) {
-        if (!pair.insertRow()) {
-            workspace.Rollback();
+        if (!pair.insertRow())
             return false;
-        }
     }
-    workspace.CommitTrans();
+    transaction.commit();
     return true;
 }

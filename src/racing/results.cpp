@@ -1,6 +1,7 @@
 #include "racing/results.h"
 #include "league/car.h"
 #include "racing/races.h"
+#include "store/transaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -219,19 +220,14 @@ bool cResultsCollection::deleteResults(int16_t raceNmbr)
 
 bool cResultsCollection::insertResults()
 {
-    cWorkspace& workspace = gConnection->getWorkSpace();
-    workspace.BeginTrans();
-    if (Count() > 0 && !deleteResults(Item(1).raceNmbr())) {
-        workspace.Rollback();
+    cTransaction transaction;
+    if (Count() > 0 && !deleteResults(Item(1).raceNmbr()))
         return false;
-    }
     for (cResults& row : *this) {
-        if (!row.insertRow()) {
-            workspace.Rollback();
+        if (!row.insertRow())
             return false;
-        }
     }
-    workspace.CommitTrans();
+    transaction.commit();
     return true;
 }
 

@@ -1,4 +1,5 @@
 #include "racing/scoring_points.h"
+#include "store/transaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,19 +15,14 @@ bool replaceInTransaction(List& list, Delete deleteRows)
 {
     if (list.Count() == 0)
         return true;
-    cWorkspace& workspace = gConnection->getWorkSpace();
-    workspace.BeginTrans();
-    if (!deleteRows(list.Item(1).scoringTypeNmbr())) {
-        workspace.Rollback();
+    cTransaction transaction;
+    if (!deleteRows(list.Item(1).scoringTypeNmbr()))
         return false;
-    }
     for (auto& row : list) {
-        if (!row.insertRow()) {
-            workspace.Rollback();
+        if (!row.insertRow())
             return false;
-        }
     }
-    workspace.CommitTrans();
+    transaction.commit();
     return true;
 }
 } // namespace

@@ -131,6 +131,12 @@ bool cWorkspace::Rollback()
     return db && exec(db, "ROLLBACK;");
 }
 
+bool cWorkspace::inTransaction() const
+{
+    sqlite3* db = currentDatabase();
+    return db && sqlite3_get_autocommit(db) == 0;
+}
+
 // ---------------------------------------------------------------- cConnection
 
 cConnection::~cConnection()

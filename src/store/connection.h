@@ -13,12 +13,15 @@ struct sqlite3;
 struct sqlite3_stmt;
 struct StatementShape;
 
-// The transaction trio of the connection. Five list replacements use it; nothing nests.
+// The transaction trio of the connection. Code outside the store goes through cTransaction
+// (store/transaction.h), which never leaves a transaction open; nothing nests.
 class cWorkspace {
 public:
     bool BeginTrans();
     bool CommitTrans();
     bool Rollback();
+    // True while a transaction is open on the data file.
+    bool inTransaction() const;
 };
 
 // The one connection to the data file: exclusive, encrypted, WAL while open.
