@@ -100,7 +100,12 @@ void runPostingSteps(const cLeague& league, const cRaces& race)
             [&] { return rows.setFastQualBonus(league, race); },
             [&] { return rows.setMostLapsLedBonus(league, race); },
             [&] { return rows.setLapsLedBonus(league, race); },
-            [&] { return runScriptFile(kScoringScriptName, leagueNmbr, raceNmbr); },
+            [&] {
+                // The operator's statements run outside the batch, each committing by itself: a
+                // BEGIN, COMMIT or ROLLBACK of theirs then touches only their own statements.
+                cTransaction::Pause outside(batch);
+                return runScriptFile(kScoringScriptName, leagueNmbr, raceNmbr);
+            },
             [&] { return rows.setQualPointsBonus(league, race); },
             [&] { return rows.setPoints(league, race); },
             [&] { return rows.setTopBonus(league, race); },

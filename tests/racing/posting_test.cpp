@@ -318,6 +318,31 @@ TEST_F(Posting, the_script_edits_bonuses_before_points_are_added)
     EXPECT_EQ(Season::summary(race, league, team), u"110@1"_s);
 }
 
+TEST_F(Posting, aScriptThatCommitsOrRollsBackTouchesOnlyItsOwnStatements)
+{
+    const int16_t league = s.league(s.method({10}));
+    const int16_t team = s.team(league);
+    const int16_t car = s.car(u"1"_s);
+    s.hold(team, car, u"2002-01-01"_s);
+    const int16_t race = s.race(u"2002-11-08"_s);
+    s.result(race, car, 1);
+    QFile script(applicationFolder() + u"/scoring.lk"_s);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("UPDATE team_results SET fast_qual_bonus = 100 WHERE league_nmbr = %league_nmbr%;\nROLLBACK;\n"
+                 "BEGIN;\nUPDATE team_results SET adjustment = 5 WHERE league_nmbr = %league_nmbr%;\nCOMMIT;\n"
+                 "BEGIN;\nDELETE FROM team_results WHERE league_nmbr = %league_nmbr%;\nROLLBACK");
+    script.close();
+    post(race);
+    // The first ROLLBACK has nothing to undo and says so: the rows of the first steps and the
+    // update before it stay. The committed change stays; the rolled-back delete takes nothing else.
+    EXPECT_EQ(Season::row(race, team, car), u"115/115/1/1"_s);
+    EXPECT_EQ(Season::summary(race, league, team), u"115@1"_s);
+    ASSERT_EQ(app.presenter().boxes().size(), 1);
+    EXPECT_TRUE(app.presenter().boxes()[0].text.contains(u"no transaction is active"_s))
+        << qPrintable(app.presenter().boxes()[0].text);
+    EXPECT_FALSE(gConnection->getWorkSpace().inTransaction());
+}
+
 TEST_F(Posting, an_invalid_scoring_option_skips_that_league_only)
 {
     const int16_t method = s.method({10});
