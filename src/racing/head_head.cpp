@@ -3,7 +3,7 @@
 
 using namespace Qt::StringLiterals;
 
-int16_t cRaceHeadHead::load(int16_t raceNmbr, int16_t teamNmbr1, int16_t teamnmbr2)
+int32_t cRaceHeadHead::load(int16_t raceNmbr, int16_t teamNmbr1, int16_t teamnmbr2)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM race_head_head"_s
@@ -45,7 +45,7 @@ cRaceHeadHead& cRaceHeadHeadCollection::Add(int16_t raceNmbr, int16_t leagueNmbr
     return append(std::move(record), sKey);
 }
 
-int16_t cRaceHeadHeadCollection::load(std::optional<int16_t> leagueNmbr, std::optional<int16_t> raceNmbr)
+int32_t cRaceHeadHeadCollection::load(std::optional<int16_t> leagueNmbr, std::optional<int16_t> raceNmbr)
 {
     QString statement = u"SELECT race_head_head.*  FROM race_head_head"_s;
     if (leagueNmbr && raceNmbr)

@@ -440,9 +440,9 @@ void IDatabase::MovePrevious()
     refreshFlags();
 }
 
-int16_t IDatabase::recordCount() const
+int32_t IDatabase::recordCount() const
 {
-    return checkedNarrow<int16_t>(static_cast<int64_t>(m_reached));
+    return checkedNarrow<int32_t>(static_cast<int64_t>(m_reached));
 }
 
 void IDatabase::compactDatabaseNow(QString& destination)

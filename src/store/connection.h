@@ -101,8 +101,8 @@ public:
     // Deletes the destination and writes a compacted, encrypted copy of the (closed) data file
     // there; all errors are ignored. An empty destination means the backups folder.
     void compactDatabaseNow(QString& destination);
-    // Rows reached so far, narrowed to 16 bits.
-    int16_t recordCount() const;
+    // Rows reached so far (32-bit; more rows than that is "Overflow").
+    int32_t recordCount() const;
 
     // The columns of the current result set, for tools that print rows.
     QStringList columnNames() const { return m_columns; }
