@@ -9,6 +9,7 @@
 #include "shell/console_presenter.h"
 #include "store/connection.h"
 #include "store/schema.h"
+#include "store/transaction.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -35,7 +36,7 @@ void buildSeason(int leagues, int teamsPerLeague, int races)
 {
     IDatabase db;
     QRandomGenerator random(20021);
-    gConnection->getWorkSpace().BeginTrans();
+    cTransaction transaction;
     run(db, u"INSERT INTO scoring_type VALUES (500, 'Bench', 5, 10, 3)"_s);
     for (int place = 1; place <= kCars; ++place)
         run(db, u"INSERT INTO scoring_points VALUES (500, %1, %2, %3)"_s.arg(place).arg(std::max(0, 180 - 4 * place))
@@ -75,7 +76,7 @@ void buildSeason(int leagues, int teamsPerLeague, int races)
                         .arg(place).arg((place * 7) % kCars + 1).arg(place == 5 ? 1 : 0)
                         .arg(place <= 4 ? 50 - place * 10 : 0));
     }
-    gConnection->getWorkSpace().CommitTrans();
+    transaction.commit();
 }
 
 double postMs(int16_t raceNmbr)

@@ -37,7 +37,7 @@ void cCar::readRow()
     setGroupNmbr(m_db.fields(u"group_nmbr"_s));
 }
 
-int16_t cCar::load(int16_t carNmbr)
+int32_t cCar::load(int16_t carNmbr)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM cars"_s
@@ -196,7 +196,7 @@ cCar& cCarCollection::Add(int16_t carNmbr, int16_t raceTypeNmbr, const QString& 
     return append(std::move(record), sKey);
 }
 
-int16_t cCarCollection::load(std::optional<int16_t> raceTypeNmbr, std::optional<int16_t> carTypeNmbr)
+int32_t cCarCollection::load(std::optional<int16_t> raceTypeNmbr, std::optional<int16_t> carTypeNmbr)
 {
     QString statement = u"SELECT *"_s
                         u" FROM cars"_s;

@@ -42,7 +42,7 @@ public:
     bool isBonus() const { return m_carTypeNmbr == 3; }
 
     // 1 when the row was found and read into this object, else 0 (the object keeps its values).
-    int16_t load(int16_t carNmbr);
+    int32_t load(int16_t carNmbr);
     QString nameOf() const;   // "CAR"
     bool CommitChanges();     // inserts when the key is below 1, else updates
     bool updateRow();
@@ -87,7 +87,7 @@ public:
 
     // Appends the entries of a race type and/or kind; with neither, every entry. With a kind the
     // list is ordered by car_txt (kind 1) or driver_name (any other kind); else no order.
-    int16_t load(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
+    int32_t load(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
 
     // Look-ups over the list; each loads every entry first when the list is empty.
     // What a list shows for the entry: driverName for a driver, else carTxt; "" when not found.

@@ -14,17 +14,17 @@ cCarType& cCarTypeCollection::Add(int16_t carTypeNmbr, const QString& carTypeNam
     return append(std::move(record), sKey);
 }
 
-int16_t cCarTypeCollection::load()
+int32_t cCarTypeCollection::load()
 {
     return loadFrom(kSelectAll);
 }
 
-int16_t cCarTypeCollection::loadNoBonus()
+int32_t cCarTypeCollection::loadNoBonus()
 {
     return loadFrom(kSelectAll + u" WHERE car_type_nmbr in (1,2)"_s);
 }
 
-int16_t cCarTypeCollection::loadFrom(const QString& statement)
+int32_t cCarTypeCollection::loadFrom(const QString& statement)
 {
     if (m_db.OpenResultSet(statement) && !m_db.eof())
         fill();

@@ -22,15 +22,15 @@ private:
 class cCarTypeCollection : public tRecordList<cCarType> {
 public:
     cCarType& Add(int16_t carTypeNmbr, const QString& carTypeName, const QString& sKey = {});
-    int16_t load();
+    int32_t load();
     // Car and driver only: every "Score By" choice fills from this, so type 3 is never offered.
-    int16_t loadNoBonus();
+    int32_t loadNoBonus();
     // Loads (all types) only when the list is empty, so a list filled by loadNoBonus answers ""
     // for the bonus type.
     QString getCarTypeName(int16_t carTypeNmbr);
 
 private:
-    int16_t loadFrom(const QString& statement);
+    int32_t loadFrom(const QString& statement);
     void fill();
     IDatabase m_db;
 };

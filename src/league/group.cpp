@@ -33,7 +33,7 @@ bool cGroup::insertRow()
                         u"'"_s + sqlText(m_groupName) + u"')"_s);
 }
 
-int16_t cGroup::load(int16_t groupNmbr)
+int32_t cGroup::load(int16_t groupNmbr)
 {
     if (m_db.OpenResultSet(u" SELECT * FROM group_dm "_s
                            u" WHERE group_nmbr = "_s + QString::number(groupNmbr)) && !m_db.eof()) {
@@ -66,7 +66,7 @@ cGroup& cGroupCollection::Add(int16_t groupNmbr, const QString& groupName, int16
     return append(std::move(record), sKey);
 }
 
-int16_t cGroupCollection::load()
+int32_t cGroupCollection::load()
 {
     if (m_db.OpenResultSet(u"SELECT *"_s
                            u" FROM group_dm"_s) && !m_db.eof())

@@ -21,7 +21,7 @@ public:
     bool insertRow();       // allocates the key into the record first
     // 1 when found. When not found, groupNmbr and maxNmbr become -1 (no group, no limit) and
     // the name stays; a car without a group comes here with -1 and so counts as unlimited.
-    int16_t load(int16_t groupNmbr);
+    int32_t load(int16_t groupNmbr);
     cGroup copy() const;
 
 private:
@@ -34,7 +34,7 @@ private:
 class cGroupCollection : public tRecordList<cGroup> {
 public:
     cGroup& Add(int16_t groupNmbr, const QString& groupName, int16_t maxNmbr, const QString& sKey = {});
-    int16_t load();   // a Null max_nmbr is read as -1
+    int32_t load();   // a Null max_nmbr is read as -1
     // The name of a group, loading the list first when it is empty; "" when none matches.
     QString getGroupName(const cVariant& groupNmbr);
 

@@ -2,7 +2,7 @@
 
 using namespace Qt::StringLiterals;
 
-int16_t cLeague::load(int16_t leagueNmbr)
+int32_t cLeague::load(int16_t leagueNmbr)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM leagues"_s
@@ -112,7 +112,7 @@ cLeague& cLeagueCollection::Add(int16_t leagueNmbr, const QString& leagueName, c
     return append(std::move(record), sKey);
 }
 
-int16_t cLeagueCollection::load(std::optional<int16_t> raceTypeNmbr, std::optional<int16_t> carTypeNmbr)
+int32_t cLeagueCollection::load(std::optional<int16_t> raceTypeNmbr, std::optional<int16_t> carTypeNmbr)
 {
     QString statement = u"SELECT *"_s
                         u" FROM leagues"_s;
@@ -126,7 +126,7 @@ int16_t cLeagueCollection::load(std::optional<int16_t> raceTypeNmbr, std::option
     return loadFrom(statement);
 }
 
-int16_t cLeagueCollection::loadForTeam(int16_t teamNmbr)
+int32_t cLeagueCollection::loadForTeam(int16_t teamNmbr)
 {
     return loadFrom(u"SELECT leagues.*"_s
                     u" FROM leagues,league_teams"_s
@@ -154,7 +154,7 @@ bool cLeagueCollection::scoringTypeNmbrExists(const cVariant& scoringTypeNmbr)
     return false;
 }
 
-int16_t cLeagueCollection::loadFrom(const QString& statement)
+int32_t cLeagueCollection::loadFrom(const QString& statement)
 {
     if (m_db.OpenResultSet(statement) && !m_db.eof())
         fill();

@@ -30,7 +30,7 @@ public:
     int16_t leagueNmbr() const { return m_leagueNmbr; }
 
     // 1 when the row was found and read into this object, else 0 (the object keeps its values).
-    int16_t load(int16_t leagueNmbr);
+    int32_t load(int16_t leagueNmbr);
     QString nameOf() const;   // "LEAGUE"
     cLeague copy() const;     // working copy with the same key, for an edit screen
     bool CommitChanges();     // inserts when the key is below 1, else updates
@@ -59,15 +59,15 @@ public:
                  int16_t scoringTypeNmbr, int16_t raceTypeNmbr, int16_t scoringOptionNmbr, Currency salaryCap,
                  int16_t dropLowest, int16_t carTypeNmbr, const QString& sKey = {});
     // Appends the leagues of a race type and/or Score By; with neither, every league. No order.
-    int16_t load(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
+    int32_t load(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
     // Appends the leagues the team is a member of.
-    int16_t loadForTeam(int16_t teamNmbr);
+    int32_t loadForTeam(int16_t teamNmbr);
     // Whether any league uses the number; an empty list loads every league first.
     bool raceTypeNmbrExists(const cVariant& raceTypeNmbr);
     bool scoringTypeNmbrExists(const cVariant& scoringTypeNmbr);
 
 private:
-    int16_t loadFrom(const QString& statement);
+    int32_t loadFrom(const QString& statement);
     void fill();
     IDatabase m_db;
 };

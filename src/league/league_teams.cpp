@@ -11,7 +11,7 @@ cLeagueTeams& cLeagueTeamsCollection::Add(int16_t leagueNmbr, int16_t teamNmbr, 
     return append(std::move(record), sKey);
 }
 
-int16_t cLeagueTeamsCollection::load(std::optional<int16_t> leagueNmbr, std::optional<int16_t> teamNmbr)
+int32_t cLeagueTeamsCollection::load(std::optional<int16_t> leagueNmbr, std::optional<int16_t> teamNmbr)
 {
     // The join hides memberships of teams that have been deleted.
     QString statement = u"SELECT league_teams.* "_s

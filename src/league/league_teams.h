@@ -22,7 +22,7 @@ public:
     cLeagueTeams& Add(int16_t leagueNmbr, int16_t teamNmbr, const QString& sKey = {});
     // Appends the memberships of a league and/or a team, in the order of the team names.
     // Memberships of teams that no longer exist are not seen.
-    int16_t load(std::optional<int16_t> leagueNmbr = {}, std::optional<int16_t> teamNmbr = {});
+    int32_t load(std::optional<int16_t> leagueNmbr = {}, std::optional<int16_t> teamNmbr = {});
 
     // Whether any row has the team. An empty list loads first: for the league when one is
     // given, else for all leagues.

@@ -47,7 +47,7 @@ cRaceType& cRaceTypeCollection::Add(int16_t raceTypeNmbr, const QString& raceTyp
     return append(std::move(record), sKey);
 }
 
-int16_t cRaceTypeCollection::load()
+int32_t cRaceTypeCollection::load()
 {
     if (m_db.OpenResultSet(u"SELECT *"_s
                            u" FROM race_type_dm"_s) && !m_db.eof())

@@ -27,7 +27,7 @@ private:
 class cRaceTypeCollection : public tRecordList<cRaceType> {
 public:
     cRaceType& Add(int16_t raceTypeNmbr, const QString& raceTypeName, const QString& sKey = {});
-    int16_t load();
+    int32_t load();
     // The name of a race type, loading the list first when it is empty; "" when none matches.
     QString getRaceTypeName(const cVariant& raceTypeNmbr);
 

@@ -105,8 +105,9 @@ protected:
         m_keys.push_back(sKey);
         return *m_items.back();
     }
-    // What a load returns: the count afterwards, as a 16-bit number.
-    int16_t loadedCount() const { return checkedNarrow<int16_t>(Count()); }
+    // What a load returns: the count afterwards. Counts are 32-bit: a data file may hold far more
+    // rows of a table than a 16-bit number can count.
+    int32_t loadedCount() const { return Count(); }
 
 private:
     size_t position(int index) const

@@ -83,7 +83,7 @@ bool cTeam::deleteRow()
                         u" WHERE team_nmbr = "_s + QString::number(m_teamNmbr));
 }
 
-int16_t cTeam::load(int16_t teamNmbr)
+int32_t cTeam::load(int16_t teamNmbr)
 {
     if (!m_db.OpenResultSet(u"SELECT team_nmbr, team_name, team_owner, race_type_nmbr, email, phone, car_type_nmbr"_s
                             u" FROM teams"_s
@@ -121,7 +121,7 @@ cTeam& cTeamCollection::Add(int16_t teamNmbr, const QString& teamName, const QSt
     return append(std::move(record), sKey);
 }
 
-int16_t cTeamCollection::load(std::optional<int16_t> raceTypeNmbr, std::optional<int16_t> carTypeNmbr)
+int32_t cTeamCollection::load(std::optional<int16_t> raceTypeNmbr, std::optional<int16_t> carTypeNmbr)
 {
     QString statement = u"SELECT *"_s
                         u" FROM teams"_s;

@@ -42,7 +42,7 @@ public:
     bool deleteRow();       // the team's roster first, then the team
     // Reads seven columns only (number, name, owner, race type, email, phone, car type); the
     // address fields keep what they held. 1 when found.
-    int16_t load(int16_t teamNmbr);
+    int32_t load(int16_t teamNmbr);
 
 private:
     IDatabase m_db;
@@ -67,7 +67,7 @@ public:
                const QString& addressLine2, const QString& city, const QString& state, const QString& zip,
                const QString& sKey = {});
     // All teams, or those of a race type and/or car type; appends, returns the count.
-    int16_t load(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
+    int32_t load(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
 
 private:
     void fill();

@@ -89,7 +89,7 @@ bool cTeamCar::teamCarExists(int16_t teamNmbr, int16_t carNmbr, const QDate& efc
            !m_db.eof();
 }
 
-int16_t cTeamCar::load(int16_t teamNmbr, int16_t carNmbr)
+int32_t cTeamCar::load(int16_t teamNmbr, int16_t carNmbr)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM team_car"_s
@@ -185,7 +185,7 @@ cTeamCar& cTeamCarCollection::Add(int16_t teamNmbr, int16_t carNmbr, const QDate
     return append(std::move(record), sKey);
 }
 
-int16_t cTeamCarCollection::loadFrom(const QString& statement)
+int32_t cTeamCarCollection::loadFrom(const QString& statement)
 {
     if (m_db.OpenResultSet(statement) && !m_db.eof())
         fill();
@@ -207,7 +207,7 @@ void cTeamCarCollection::fill()
     }
 }
 
-int16_t cTeamCarCollection::load(std::optional<int16_t> teamNmbr)
+int32_t cTeamCarCollection::load(std::optional<int16_t> teamNmbr)
 {
     QString statement = u"SELECT *"_s
                         u" FROM team_car"_s;
@@ -216,7 +216,7 @@ int16_t cTeamCarCollection::load(std::optional<int16_t> teamNmbr)
     return loadFrom(statement);
 }
 
-int16_t cTeamCarCollection::loadNoBonus(std::optional<int16_t> teamNmbr)
+int32_t cTeamCarCollection::loadNoBonus(std::optional<int16_t> teamNmbr)
 {
     QString statement = u"SELECT team_car.*"_s
                         u" FROM team_car, cars"_s
@@ -227,14 +227,14 @@ int16_t cTeamCarCollection::loadNoBonus(std::optional<int16_t> teamNmbr)
     return loadFrom(statement);
 }
 
-int16_t cTeamCarCollection::loadCar(int16_t carNmbr)
+int32_t cTeamCarCollection::loadCar(int16_t carNmbr)
 {
     return loadFrom(u"SELECT *"_s
                     u" FROM team_car"_s
                     u" WHERE car_nmbr = "_s + sqlNumber(carNmbr));
 }
 
-int16_t cTeamCarCollection::loadGroup(int16_t teamNmbr, int16_t groupNmbr)
+int32_t cTeamCarCollection::loadGroup(int16_t teamNmbr, int16_t groupNmbr)
 {
     return loadFrom(u"SELECT A.* "_s
                     u" FROM team_car A, cars B "_s
@@ -244,7 +244,7 @@ int16_t cTeamCarCollection::loadGroup(int16_t teamNmbr, int16_t groupNmbr)
                     u" AND A.term_dt is NULL "_s);
 }
 
-int16_t cTeamCarCollection::loadDNQcars(int16_t raceNmbr, const cLeague& league)
+int32_t cTeamCarCollection::loadDNQcars(int16_t raceNmbr, const cLeague& league)
 {
     const int16_t leagueNmbr = league.leagueNmbr();
     if (!m_db.OpenResultSet(u"SELECT race_dt, race_type_nmbr "_s

@@ -45,7 +45,7 @@ public:
     bool deleteRow();   // the one row of team, car and effective date
     bool teamCarExists(int16_t teamNmbr, int16_t carNmbr, const QDate& efctvDt);
     // The first row of that team and car, in the engine's order. 1 when found.
-    int16_t load(int16_t teamNmbr, int16_t carNmbr);
+    int32_t load(int16_t teamNmbr, int16_t carNmbr);
     // A team that holds (at least) every open entry of this team, or a number below 1.
     // A team with no open entries is no duplicate: -1.
     int16_t duplicateTeam(int16_t teamNmbr);
@@ -72,16 +72,16 @@ public:
                   double LockedSalary, uint8_t active, const QString& sKey = {});
 
     // Every load appends and returns the count afterwards. None orders its rows.
-    int16_t load(std::optional<int16_t> teamNmbr = {});
+    int32_t load(std::optional<int16_t> teamNmbr = {});
     // Cars and drivers only: bonus entries (type 3) left out.
-    int16_t loadNoBonus(std::optional<int16_t> teamNmbr = {});
-    int16_t loadCar(int16_t carNmbr);
+    int32_t loadNoBonus(std::optional<int16_t> teamNmbr = {});
+    int32_t loadCar(int16_t carNmbr);
     // The team's entries of a group that have no termination date at all.
-    int16_t loadGroup(int16_t teamNmbr, int16_t groupNmbr);
+    int32_t loadGroup(int16_t teamNmbr, int16_t groupNmbr);
     // Entries of the league's teams, of the race's series, in force on the race day and with no
     // result row in the race.
     // The race comes by number: the calendar's records live a layer above this one.
-    int16_t loadDNQcars(int16_t raceNmbr, const cLeague& league);
+    int32_t loadDNQcars(int16_t raceNmbr, const cLeague& league);
 
     // Replaces the team's whole roster by the list (locked_salary is not written).
     bool insertNew(int16_t teamNmbr);
@@ -97,7 +97,7 @@ public:
     bool TermAll(int16_t teamNmbr, const QDate& termDt);
 
 private:
-    int16_t loadFrom(const QString& statement);
+    int32_t loadFrom(const QString& statement);
     void loadForExistsTest(std::optional<int16_t> teamNmbr, std::optional<int16_t> carNmbr);
     void fill();
     IDatabase m_db;

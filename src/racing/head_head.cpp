@@ -1,8 +1,9 @@
 #include "racing/head_head.h"
+#include "store/transaction.h"
 
 using namespace Qt::StringLiterals;
 
-int16_t cRaceHeadHead::load(int16_t raceNmbr, int16_t teamNmbr1, int16_t teamnmbr2)
+int32_t cRaceHeadHead::load(int16_t raceNmbr, int16_t teamNmbr1, int16_t teamnmbr2)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM race_head_head"_s
@@ -44,7 +45,7 @@ cRaceHeadHead& cRaceHeadHeadCollection::Add(int16_t raceNmbr, int16_t leagueNmbr
     return append(std::move(record), sKey);
 }
 
-int16_t cRaceHeadHeadCollection::load(std::optional<int16_t> leagueNmbr, std::optional<int16_t> raceNmbr)
+int32_t cRaceHeadHeadCollection::load(std::optional<int16_t> leagueNmbr, std::optional<int16_t> raceNmbr)
 {
     QString statement = u"SELECT race_head_head.*  FROM race_head_head"_s;
     if (leagueNmbr && raceNmbr)
@@ -77,19 +78,14 @@ bool cRaceHeadHeadCollection::update()
 
 bool cRaceHeadHeadCollection::update(int16_t leagueNmbr, int16_t raceNmbr)
 {
-    cWorkspace& workspace = gConnection->getWorkSpace();
-    workspace.BeginTrans();
+    cTransaction transaction;
     if (!m_db.execute(u"DELETE FROM race_head_head  WHERE league_nmbr = "_s + QString::number(leagueNmbr) +
-                      u" AND race_nmbr = "_s + QString::number(raceNmbr))) {
-        workspace.Rollback();
+                      u" AND race_nmbr = "_s + QString::number(raceNmbr)))
         return false;
-    }
     for (cRaceHeadHead& pair : *this) {
-        if (!pair.insertRow()) {
-            workspace.Rollback();
+        if (!pair.insertRow())
             return false;
-        }
     }
-    workspace.CommitTrans();
+    transaction.commit();
     return true;
 }

@@ -18,7 +18,7 @@ public:
     int16_t teamnmbr2() const { return m_teamnmbr2; }
 
     // Reads the pair of the race by its two teams (any league); 1 when found, else 0.
-    int16_t load(int16_t raceNmbr, int16_t teamNmbr1, int16_t teamnmbr2);
+    int32_t load(int16_t raceNmbr, int16_t teamNmbr1, int16_t teamnmbr2);
     // A pair is never updated: always an insert.
     bool CommitChanges() { return insertRow(); }
     bool insertRow();
@@ -38,7 +38,7 @@ public:
                        const QString& sKey = {});
 
     // Appends the pairs of a league and/or a race; with neither, every pair.
-    int16_t load(std::optional<int16_t> leagueNmbr = {}, std::optional<int16_t> raceNmbr = {});
+    int32_t load(std::optional<int16_t> leagueNmbr = {}, std::optional<int16_t> raceNmbr = {});
 
     // Replaces the pairs of one race and league by the list, in one transaction: the league and
     // race come from the first item. An empty list names no league and leaves everything alone.

@@ -9,6 +9,7 @@
 #include "racing/standings.h"
 #include "racing/team_results.h"
 #include "store/connection.h"
+#include "store/transaction.h"
 
 #include <QFileInfo>
 #include <functional>
@@ -80,34 +81,14 @@ void postRaceForLeague(const cLeague& league, const cRaces& race)
         messageBox(u"Invalid Scoring Method"_s, u"Lapkeeper"_s, Icon::Critical);
 }
 
-namespace {
-
-// Groups the statements of one league's posting into one write of the data file. It always
-// commits, also after a failed step or a run-time error, so what was written stays exactly as
-// if each statement had committed by itself; but every changed page is encrypted and written
-// once instead of once per statement, which is what makes posting a big league fast.
-class LeagueWriteBatch {
-public:
-    LeagueWriteBatch() : m_open(gConnection && gConnection->getWorkSpace().BeginTrans()) {}
-    ~LeagueWriteBatch()
-    {
-        if (m_open)
-            gConnection->getWorkSpace().CommitTrans();
-    }
-    LeagueWriteBatch(const LeagueWriteBatch&) = delete;
-    LeagueWriteBatch& operator=(const LeagueWriteBatch&) = delete;
-
-private:
-    bool m_open;
-};
-
-} // namespace
-
 void runPostingSteps(const cLeague& league, const cRaces& race)
 {
     const int16_t leagueNmbr = league.leagueNmbr();
     const int16_t raceNmbr = race.raceNmbr();
-    LeagueWriteBatch batch;
+    // One write of the data file for the league's statements instead of one per statement,
+    // which is what makes posting a big league fast. It always commits, also after a failed step
+    // or a run-time error, so what was written stays as if each statement had committed by itself.
+    cTransaction batch(cTransaction::Ending::AlwaysCommit);
     try {
         cTeamResults rows;
         cTeamResultsSummary summary;
@@ -119,7 +100,12 @@ void runPostingSteps(const cLeague& league, const cRaces& race)
             [&] { return rows.setFastQualBonus(league, race); },
             [&] { return rows.setMostLapsLedBonus(league, race); },
             [&] { return rows.setLapsLedBonus(league, race); },
-            [&] { return runScriptFile(kScoringScriptName, leagueNmbr, raceNmbr); },
+            [&] {
+                // The operator's statements run outside the batch, each committing by itself: a
+                // BEGIN, COMMIT or ROLLBACK of theirs then touches only their own statements.
+                cTransaction::Pause outside(batch);
+                return runScriptFile(kScoringScriptName, leagueNmbr, raceNmbr);
+            },
             [&] { return rows.setQualPointsBonus(league, race); },
             [&] { return rows.setPoints(league, race); },
             [&] { return rows.setTopBonus(league, race); },

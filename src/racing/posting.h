@@ -7,8 +7,10 @@ class cRaces;
 
 // Posting turns the real results of a race into the rows the leagues score: one team_results
 // row per league, team and car, and one team_results_summary row per league and team. To post
-// is always to delete and rebuild; nothing here runs in a transaction, and a stop part-way is
-// repaired by the next post of the race.
+// is always to delete and rebuild. Each league's steps run in one always-committed transaction
+// (a batch for speed, never undone), so a stop part-way keeps what was written, as if each
+// statement had committed by itself, and is repaired by the next post of the race. The
+// operator's script runs outside the batch, each of its statements committing by itself.
 
 // The Post Results command: posts the race (or only clears it when it has no results), then
 // offers each later race of its type in date order. From the first No on, every later race

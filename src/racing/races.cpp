@@ -24,7 +24,7 @@ void cRaces::readRow()
     m_raceStatusNmbr = m_db.fields(u"race_status_nmbr"_s).toInt16();
 }
 
-int16_t cRaces::load(int16_t raceNmbr)
+int32_t cRaces::load(int16_t raceNmbr)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM races"_s
@@ -36,7 +36,7 @@ int16_t cRaces::load(int16_t raceNmbr)
 
 // Only the innermost level names the race type, and there it tests the race against itself:
 // the MAX ranges over every race type and so does the outer query.
-int16_t cRaces::loadPrevious(int16_t raceNmbr)
+int32_t cRaces::loadPrevious(int16_t raceNmbr)
 {
     const QString race = QString::number(raceNmbr);
     if (!m_db.OpenResultSet(u"SELECT * FROM races WHERE race_dt = "_s
@@ -135,7 +135,7 @@ cRaces& cRacesCollection::Add(int16_t raceNmbr, const QString& raceName, const Q
     return append(std::move(record), sKey);
 }
 
-int16_t cRacesCollection::loadFrom(const QString& statement)
+int32_t cRacesCollection::loadFrom(const QString& statement)
 {
     if (m_db.OpenResultSet(statement) && !m_db.eof())
         fill();
@@ -155,7 +155,7 @@ void cRacesCollection::fill()
     }
 }
 
-int16_t cRacesCollection::load(std::optional<int16_t> raceTypeNmbr, std::optional<int16_t> carTypeNmbr)
+int32_t cRacesCollection::load(std::optional<int16_t> raceTypeNmbr, std::optional<int16_t> carTypeNmbr)
 {
     QString statement = u"SELECT *"_s
                         u" FROM races"_s;
@@ -169,7 +169,7 @@ int16_t cRacesCollection::load(std::optional<int16_t> raceTypeNmbr, std::optiona
     return loadFrom(statement);
 }
 
-int16_t cRacesCollection::loadRacesWithResults(std::optional<int16_t> raceTypeNmbr,
+int32_t cRacesCollection::loadRacesWithResults(std::optional<int16_t> raceTypeNmbr,
                                                std::optional<int16_t> carTypeNmbr)
 {
     QString statement = u"SELECT *  FROM races WHERE races.race_nmbr in "_s
@@ -183,7 +183,7 @@ int16_t cRacesCollection::loadRacesWithResults(std::optional<int16_t> raceTypeNm
 }
 
 // The outer query has no Score By test: a race of the other kind on that date comes too.
-int16_t cRacesCollection::loadMostCurrentRaceWithResults(int16_t raceTypeNmbr, int16_t carTypeNmbr)
+int32_t cRacesCollection::loadMostCurrentRaceWithResults(int16_t raceTypeNmbr, int16_t carTypeNmbr)
 {
     const QString type = QString::number(raceTypeNmbr);
     return loadFrom(u"SELECT *  FROM races  WHERE race_type_nmbr = "_s + type +
@@ -195,7 +195,7 @@ int16_t cRacesCollection::loadMostCurrentRaceWithResults(int16_t raceTypeNmbr, i
                     u"   AND car_type_nmbr = "_s + QString::number(carTypeNmbr) + u")"_s);
 }
 
-int16_t cRacesCollection::loadMostCurrentRaceWithPostedResults(int16_t raceTypeNmbr)
+int32_t cRacesCollection::loadMostCurrentRaceWithPostedResults(int16_t raceTypeNmbr)
 {
     const QString type = QString::number(raceTypeNmbr);
     return loadFrom(u"SELECT *  FROM races  WHERE race_type_nmbr = "_s + type +
@@ -206,7 +206,7 @@ int16_t cRacesCollection::loadMostCurrentRaceWithPostedResults(int16_t raceTypeN
                     u"   AND race_type_nmbr = "_s + type + u")"_s);
 }
 
-int16_t cRacesCollection::loadFutureRaces(int16_t raceNmbr)
+int32_t cRacesCollection::loadFutureRaces(int16_t raceNmbr)
 {
     const QString race = QString::number(raceNmbr);
     return loadFrom(u"SELECT *  FROM races  WHERE race_dt > "_s
@@ -220,7 +220,7 @@ int16_t cRacesCollection::loadFutureRaces(int16_t raceNmbr)
 
 // The join on the winner gives one line per result at place 1: a race without one is left
 // out, a race with two stands twice.
-int16_t cRacesCollection::loadPreviouRacesWithResults(int16_t raceNmbr)
+int32_t cRacesCollection::loadPreviouRacesWithResults(int16_t raceNmbr)
 {
     const QString race = QString::number(raceNmbr);
     return loadFrom(u"SELECT races.*  FROM races, results WHERE race_dt < "_s
@@ -274,7 +274,7 @@ cRaceStatus& cRaceStatusCollection::Add(int16_t raceStatusNmbr, const QString& r
     return append(std::move(record), sKey);
 }
 
-int16_t cRaceStatusCollection::load()
+int32_t cRaceStatusCollection::load()
 {
     if (m_db.OpenResultSet(u"SELECT *"_s
                            u" FROM race_status_dm"_s) && !m_db.eof())

@@ -32,11 +32,11 @@ public:
     int16_t raceNmbr() const { return m_raceNmbr; }
 
     // 1 when the row was found and read into this object, else 0 (the object keeps its values).
-    int16_t load(int16_t raceNmbr);
+    int32_t load(int16_t raceNmbr);
     // Reads the race before the given one: the latest earlier date of any race type (only the
     // innermost level of the statement names the type), the first race standing on that date.
     // 1 when found, else 0.
-    int16_t loadPrevious(int16_t raceNmbr);
+    int32_t loadPrevious(int16_t raceNmbr);
     QString nameOf() const;   // "RACE"
     bool CommitChanges();     // inserts when the key is below 1, else updates
     bool updateRow();
@@ -67,20 +67,20 @@ public:
 
     // Every load appends and returns the count afterwards.
     // The races of a race type and/or Score By; with neither, every race. No order.
-    int16_t load(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
+    int32_t load(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
     // Races that have result rows, by date.
-    int16_t loadRacesWithResults(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
+    int32_t loadRacesWithResults(std::optional<int16_t> raceTypeNmbr = {}, std::optional<int16_t> carTypeNmbr = {});
     // The races of the race type on the latest date that a race of the type and Score By has
     // results; the outer query does not test the Score By, so a race of the other kind on that
     // date comes too.
-    int16_t loadMostCurrentRaceWithResults(int16_t raceTypeNmbr, int16_t carTypeNmbr);
+    int32_t loadMostCurrentRaceWithResults(int16_t raceTypeNmbr, int16_t carTypeNmbr);
     // The races of the race type on the latest date that any league has scored rows for.
-    int16_t loadMostCurrentRaceWithPostedResults(int16_t raceTypeNmbr);
+    int32_t loadMostCurrentRaceWithPostedResults(int16_t raceTypeNmbr);
     // The later races of the same race type, by date.
-    int16_t loadFutureRaces(int16_t raceNmbr);
+    int32_t loadFutureRaces(int16_t raceNmbr);
     // The earlier races of the same race type that have a winner (a result at place 1), by
     // date; one line per winner row.
-    int16_t loadPreviouRacesWithResults(int16_t raceNmbr);
+    int32_t loadPreviouRacesWithResults(int16_t raceNmbr);
 
     // Look-ups over the list; each loads every race first when the list is empty.
     bool raceTypeNmbrExists(const cVariant& raceTypeNmbr);
@@ -90,7 +90,7 @@ public:
     bool raceDateExistsForRaceType(const QDate& raceDate, int16_t raceTypeNmbr, int16_t carTypeNmbr);
 
 private:
-    int16_t loadFrom(const QString& statement);
+    int32_t loadFrom(const QString& statement);
     void fill();
     IDatabase m_db;
 };
@@ -112,7 +112,7 @@ private:
 class cRaceStatusCollection : public tRecordList<cRaceStatus> {
 public:
     cRaceStatus& Add(int16_t raceStatusNmbr, const QString& raceStatusName, const QString& sKey = {});
-    int16_t load();
+    int32_t load();
     // The name of a status, loading the list first when it is empty; "" when none matches.
     QString getraceStatusName(int16_t raceStatusNmbr);
 

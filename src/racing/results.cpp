@@ -1,6 +1,7 @@
 #include "racing/results.h"
 #include "league/car.h"
 #include "racing/races.h"
+#include "store/transaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -120,14 +121,14 @@ void cResultsCollection::fill()
     }
 }
 
-int16_t cResultsCollection::loadWith(const QString& statement)
+int32_t cResultsCollection::loadWith(const QString& statement)
 {
     if (m_db.OpenResultSet(statement) && !m_db.eof())
         fill();
     return loadedCount();
 }
 
-int16_t cResultsCollection::load(std::optional<int16_t> raceNmbr)
+int32_t cResultsCollection::load(std::optional<int16_t> raceNmbr)
 {
     QString sql = u"SELECT *"_s u" FROM results"_s;
     if (raceNmbr)
@@ -135,7 +136,7 @@ int16_t cResultsCollection::load(std::optional<int16_t> raceNmbr)
     return loadWith(sql + u" order by place"_s);
 }
 
-int16_t cResultsCollection::loadPrevious(const cRaces& previousOf)
+int32_t cResultsCollection::loadPrevious(const cRaces& previousOf)
 {
     const QString race = n(previousOf.raceNmbr());
     const int16_t raceTypeNmbr = previousOf.raceTypeNmbr();
@@ -147,7 +148,7 @@ int16_t cResultsCollection::loadPrevious(const cRaces& previousOf)
                     race + u"))) order by place"_s);
 }
 
-int16_t cResultsCollection::loadMostLapsLed(int16_t raceNmbr)
+int32_t cResultsCollection::loadMostLapsLed(int16_t raceNmbr)
 {
     int16_t most = 0;
     if (m_db.OpenResultSet(u" SELECT max(laps_led) as max_laps_led  FROM results  WHERE race_nmbr = "_s + n(raceNmbr)) &&
@@ -157,12 +158,12 @@ int16_t cResultsCollection::loadMostLapsLed(int16_t raceNmbr)
     return loadWith(u" select * FROM results  WHERE race_nmbr = "_s + n(raceNmbr) + u" AND laps_led = "_s + n(most));
 }
 
-int16_t cResultsCollection::loadFastQualifier(int16_t raceNmbr)
+int32_t cResultsCollection::loadFastQualifier(int16_t raceNmbr)
 {
     return loadWith(u" select * FROM results  WHERE race_nmbr = "_s + n(raceNmbr) + u" AND fast_Qual = 1"_s);
 }
 
-int16_t cResultsCollection::loadLapsLed(int16_t raceNmbr)
+int32_t cResultsCollection::loadLapsLed(int16_t raceNmbr)
 {
     return loadWith(u" select * FROM results  WHERE race_nmbr = "_s + n(raceNmbr) + u" AND laps_led > 0 "_s);
 }
@@ -219,19 +220,14 @@ bool cResultsCollection::deleteResults(int16_t raceNmbr)
 
 bool cResultsCollection::insertResults()
 {
-    cWorkspace& workspace = gConnection->getWorkSpace();
-    workspace.BeginTrans();
-    if (Count() > 0 && !deleteResults(Item(1).raceNmbr())) {
-        workspace.Rollback();
+    cTransaction transaction;
+    if (Count() > 0 && !deleteResults(Item(1).raceNmbr()))
         return false;
-    }
     for (cResults& row : *this) {
-        if (!row.insertRow()) {
-            workspace.Rollback();
+        if (!row.insertRow())
             return false;
-        }
     }
-    workspace.CommitTrans();
+    transaction.commit();
     return true;
 }
 

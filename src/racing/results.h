@@ -57,12 +57,12 @@ public:
     cResults& Add(int16_t raceNmbr, int16_t carNmbr, int16_t place, int16_t fastQual, int16_t lapsLead,
                   int16_t qualified, int16_t adjustment, const QString& sKey = {});
 
-    int16_t load(std::optional<int16_t> raceNmbr = {});
+    int32_t load(std::optional<int16_t> raceNmbr = {});
     // The results of the race before this one of the same type.
-    int16_t loadPrevious(const cRaces& race);
-    int16_t loadMostLapsLed(int16_t raceNmbr);
-    int16_t loadFastQualifier(int16_t raceNmbr);
-    int16_t loadLapsLed(int16_t raceNmbr);
+    int32_t loadPrevious(const cRaces& race);
+    int32_t loadMostLapsLed(int16_t raceNmbr);
+    int32_t loadFastQualifier(int16_t raceNmbr);
+    int32_t loadLapsLed(int16_t raceNmbr);
 
     // Scan the list, loading every result first when it is empty.
     bool raceExists(int16_t raceNmbr);
@@ -82,7 +82,7 @@ public:
     QString validateData();
 
 private:
-    int16_t loadWith(const QString& statement);
+    int32_t loadWith(const QString& statement);
     void fill();
     IDatabase m_db;
 };

@@ -48,7 +48,7 @@ bool cScoringType::insertRow()
                         u","_s + n(m_mostLapsLedBonus) + u","_s + n(m_fastQualBonus) + u")"_s);
 }
 
-int16_t cScoringType::load(int16_t scoringTypeNmbr)
+int32_t cScoringType::load(int16_t scoringTypeNmbr)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM scoring_type"_s
@@ -76,7 +76,7 @@ cScoringType& cScoringTypeCollection::Add(int16_t scoringTypeNmbr, const QString
     return append(std::move(record), sKey);
 }
 
-int16_t cScoringTypeCollection::load()
+int32_t cScoringTypeCollection::load()
 {
     if (m_db.OpenResultSet(u"SELECT *"_s
                            u" FROM scoring_type"_s) && !m_db.eof())
@@ -113,7 +113,7 @@ cScoringOption& cScoringOptionCollection::Add(int16_t scoringOptionNmbr, const Q
     return append(std::move(record), sKey);
 }
 
-int16_t cScoringOptionCollection::load()
+int32_t cScoringOptionCollection::load()
 {
     if (m_db.OpenResultSet(u"SELECT *"_s
                            u" FROM scoring_option_dm"_s) && !m_db.eof())

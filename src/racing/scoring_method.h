@@ -26,7 +26,7 @@ public:
     bool CommitChanges();   // inserts when the key is below 1, else updates
     bool updateRow();
     bool insertRow();       // allocates the key into the record first (never below 500)
-    int16_t load(int16_t scoringTypeNmbr);   // 1 when found, else 0 and the record unchanged
+    int32_t load(int16_t scoringTypeNmbr);   // 1 when found, else 0 and the record unchanged
     bool usesMostLapsLedBonus() const { return m_mostLapsLedBonus != 0; }
     bool usesLapsLedBonus() const { return m_lapsLedBonus != 0; }
     bool usesFastQualBonus() const { return m_fastQualBonus != 0; }
@@ -44,7 +44,7 @@ class cScoringTypeCollection : public tRecordList<cScoringType> {
 public:
     cScoringType& Add(int16_t scoringTypeNmbr, const QString& scoringTypeName, int16_t lapsLedBonus,
                       int16_t mostLapsLedBonus, int16_t fastQualBonus, const QString& sKey = {});
-    int16_t load();
+    int32_t load();
     // The name of a method, loading the list first when it is empty; "" when none matches.
     QString getScoringTypeName(int16_t scoringTypeNmbr);
 
@@ -71,7 +71,7 @@ private:
 class cScoringOptionCollection : public tRecordList<cScoringOption> {
 public:
     cScoringOption& Add(int16_t scoringOptionNmbr, const QString& scoringOptionName, const QString& sKey = {});
-    int16_t load();
+    int32_t load();
     // The name of an option, loading the list first when it is empty; "" when none matches.
     QString getScoringOptionName(int16_t scoringOptionNmbr);
 

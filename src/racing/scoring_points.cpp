@@ -1,4 +1,5 @@
 #include "racing/scoring_points.h"
+#include "store/transaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,19 +15,14 @@ bool replaceInTransaction(List& list, Delete deleteRows)
 {
     if (list.Count() == 0)
         return true;
-    cWorkspace& workspace = gConnection->getWorkSpace();
-    workspace.BeginTrans();
-    if (!deleteRows(list.Item(1).scoringTypeNmbr())) {
-        workspace.Rollback();
+    cTransaction transaction;
+    if (!deleteRows(list.Item(1).scoringTypeNmbr()))
         return false;
-    }
     for (auto& row : list) {
-        if (!row.insertRow()) {
-            workspace.Rollback();
+        if (!row.insertRow())
             return false;
-        }
     }
-    workspace.CommitTrans();
+    transaction.commit();
     return true;
 }
 } // namespace
@@ -82,14 +78,14 @@ void cScoringPointsCollection::fill()
     }
 }
 
-int16_t cScoringPointsCollection::loadWith(const QString& statement)
+int32_t cScoringPointsCollection::loadWith(const QString& statement)
 {
     if (m_db.OpenResultSet(statement) && !m_db.eof())
         fill();
     return loadedCount();
 }
 
-int16_t cScoringPointsCollection::load(std::optional<int16_t> scoringTypeNmbr)
+int32_t cScoringPointsCollection::load(std::optional<int16_t> scoringTypeNmbr)
 {
     QString sql = u"SELECT *"_s u" FROM scoring_Points"_s;
     if (scoringTypeNmbr)
@@ -97,7 +93,7 @@ int16_t cScoringPointsCollection::load(std::optional<int16_t> scoringTypeNmbr)
     return loadWith(sql + u" order by place"_s);
 }
 
-int16_t cScoringPointsCollection::loadQual(std::optional<int16_t> scoringTypeNmbr)
+int32_t cScoringPointsCollection::loadQual(std::optional<int16_t> scoringTypeNmbr)
 {
     QString sql = u"SELECT *"_s u" FROM scoring_Points"_s u" WHERE qual_points <> 0 "_s;
     if (scoringTypeNmbr)
@@ -172,7 +168,7 @@ void cScoringTopPointsCollection::fill()
     }
 }
 
-int16_t cScoringTopPointsCollection::load(int16_t scoringTypeNmbr)
+int32_t cScoringTopPointsCollection::load(int16_t scoringTypeNmbr)
 {
     if (m_db.OpenResultSet(u"SELECT *"_s u" FROM scoring_top_points"_s u" WHERE scoring_type_nmbr = "_s +
                            n(scoringTypeNmbr)) &&

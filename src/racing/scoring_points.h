@@ -36,9 +36,9 @@ class cScoringPointsCollection : public tRecordList<cScoringPoints> {
 public:
     cScoringPoints& Add(int16_t scoringTypeNmbr, int16_t place, int32_t points, int16_t qualPoints,
                         const QString& sKey = {});
-    int16_t load(std::optional<int16_t> scoringTypeNmbr = {});
+    int32_t load(std::optional<int16_t> scoringTypeNmbr = {});
     // Only the rows that pay for the qualifying position.
-    int16_t loadQual(std::optional<int16_t> scoringTypeNmbr = {});
+    int32_t loadQual(std::optional<int16_t> scoringTypeNmbr = {});
 
     // Replaces the method's rows by the list's in one transaction (nothing when the list is empty).
     bool insertScoringPoints();
@@ -53,7 +53,7 @@ public:
     bool highScore() const;
 
 private:
-    int16_t loadWith(const QString& statement);
+    int32_t loadWith(const QString& statement);
     void fill();
     IDatabase m_db;
 };
@@ -84,7 +84,7 @@ private:
 class cScoringTopPointsCollection : public tRecordList<cScoringTopPoints> {
 public:
     cScoringTopPoints& Add(int16_t scoringTypeNmbr, int16_t nmbr, int16_t points, int16_t top, const QString& sKey = {});
-    int16_t load(int16_t scoringTypeNmbr);
+    int32_t load(int16_t scoringTypeNmbr);
     // Replaces the method's rows by the list's in one transaction (nothing when the list is empty).
     bool insertScoringTopPoints();
     bool deleteScoringTopPoints(int16_t scoringTypeNmbr);

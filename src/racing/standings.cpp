@@ -171,14 +171,14 @@ void cTeamResultsSummaryCollection::fill()
     }
 }
 
-int16_t cTeamResultsSummaryCollection::loadWith(const QString& statement)
+int32_t cTeamResultsSummaryCollection::loadWith(const QString& statement)
 {
     if (m_db.OpenResultSet(statement) && !m_db.eof())
         fill();
     return loadedCount();
 }
 
-int16_t cTeamResultsSummaryCollection::load(int16_t leagueNmbr, std::optional<int16_t> raceNmbr,
+int32_t cTeamResultsSummaryCollection::load(int16_t leagueNmbr, std::optional<int16_t> raceNmbr,
                                             std::optional<int16_t> teamNmbr, bool highScore)
 {
     QString sql = u" SELECT *  FROM team_results_summary  WHERE league_nmbr = "_s + n(leagueNmbr);
@@ -190,7 +190,7 @@ int16_t cTeamResultsSummaryCollection::load(int16_t leagueNmbr, std::optional<in
     return loadWith(sql);
 }
 
-int16_t cTeamResultsSummaryCollection::loadTeam(int16_t teamNmbr)
+int32_t cTeamResultsSummaryCollection::loadTeam(int16_t teamNmbr)
 {
     return loadWith(u" SELECT *  FROM team_results_summary  WHERE team_nmbr = "_s + n(teamNmbr));
 }
@@ -239,7 +239,7 @@ void cLeagueStandingsCollection::fill()
     }
 }
 
-int16_t cLeagueStandingsCollection::loadTable(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore,
+int32_t cLeagueStandingsCollection::loadTable(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore,
                                               const QString& dateTest)
 {
     const QString sql =
@@ -254,12 +254,12 @@ int16_t cLeagueStandingsCollection::loadTable(int16_t leagueNmbr, int16_t raceNm
     return loadedCount();
 }
 
-int16_t cLeagueStandingsCollection::load(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore)
+int32_t cLeagueStandingsCollection::load(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore)
 {
     return loadTable(leagueNmbr, raceNmbr, highScore, u" AND races.race_dt <= "_s);
 }
 
-int16_t cLeagueStandingsCollection::loadPrevious(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore)
+int32_t cLeagueStandingsCollection::loadPrevious(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore)
 {
     return loadTable(leagueNmbr, raceNmbr, highScore, u" AND races.race_dt < "_s);
 }

@@ -55,14 +55,14 @@ public:
     cTeamResultsSummary& Add(int16_t raceNmbr, int16_t teamNmbr, int16_t leagueNmbr, int32_t points, int16_t teamPlace,
                              const QString& sKey = {});
     // The best team first: points descending, or ascending when the method is low-score.
-    int16_t load(int16_t leagueNmbr, std::optional<int16_t> raceNmbr = {}, std::optional<int16_t> teamNmbr = {},
+    int32_t load(int16_t leagueNmbr, std::optional<int16_t> raceNmbr = {}, std::optional<int16_t> teamNmbr = {},
                  bool highScore = true);
-    int16_t loadTeam(int16_t teamNmbr);
+    int32_t loadTeam(int16_t teamNmbr);
     bool leagueExists(int16_t leagueNmbr);
     bool teamExists(int16_t teamNmbr);
 
 private:
-    int16_t loadWith(const QString& statement);
+    int32_t loadWith(const QString& statement);
     void fill();
     IDatabase m_db;
 };
@@ -94,14 +94,14 @@ public:
     cLeagueStandings& Add(int16_t teamNmbr, const QString& teamName, const QString& teamOwner, int16_t raceTypeNmbr,
                           int32_t points, const QString& sKey = {});
     // The table as it stood after the race (on or before its date), best first.
-    int16_t load(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore = {});
+    int32_t load(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore = {});
     // The table just before the race.
-    int16_t loadPrevious(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore = {});
+    int32_t loadPrevious(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore = {});
     // The 1-based position of the team in the loaded list; 0 when it is not there.
     int16_t placeForTeam(int16_t teamNmbr) const;
 
 private:
-    int16_t loadTable(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore, const QString& dateTest);
+    int32_t loadTable(int16_t leagueNmbr, int16_t raceNmbr, std::optional<bool> highScore, const QString& dateTest);
     void fill();
     IDatabase m_db;
 };

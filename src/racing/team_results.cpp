@@ -161,7 +161,7 @@ void cTeamResultsCollection::clear()
         Remove(Count());
 }
 
-int16_t cTeamResultsCollection::loadFrom(const QString& statement)
+int32_t cTeamResultsCollection::loadFrom(const QString& statement)
 {
     if (m_db.OpenResultSet(statement) && !m_db.eof())
         fill();
@@ -182,7 +182,7 @@ void cTeamResultsCollection::fill()
     }
 }
 
-int16_t cTeamResultsCollection::load(int16_t leagueNmbr, std::optional<int16_t> raceNmbr,
+int32_t cTeamResultsCollection::load(int16_t leagueNmbr, std::optional<int16_t> raceNmbr,
                                      std::optional<int16_t> teamNmbr, const std::optional<QString>& order)
 {
     QString statement = u"SELECT * FROM team_results WHERE league_nmbr = "_s + num(leagueNmbr);
@@ -195,7 +195,7 @@ int16_t cTeamResultsCollection::load(int16_t leagueNmbr, std::optional<int16_t> 
     return loadFrom(statement);
 }
 
-int16_t cTeamResultsCollection::loadNoBonusCars(int16_t leagueNmbr, std::optional<int16_t> raceNmbr,
+int32_t cTeamResultsCollection::loadNoBonusCars(int16_t leagueNmbr, std::optional<int16_t> raceNmbr,
                                                 std::optional<int16_t> teamNmbr, const std::optional<QString>& order)
 {
     QString statement = u"SELECT A.* FROM team_results A, cars B WHERE A.league_nmbr = "_s + num(leagueNmbr) +
@@ -210,7 +210,7 @@ int16_t cTeamResultsCollection::loadNoBonusCars(int16_t leagueNmbr, std::optiona
 }
 
 // The latest earlier race of the league's race type that has results: r3 is the race itself.
-int16_t cTeamResultsCollection::loadPreviousRace(const cLeague& league, const cRaces& race)
+int32_t cTeamResultsCollection::loadPreviousRace(const cLeague& league, const cRaces& race)
 {
     const QString raceNmbr = num(race.raceNmbr());
     return loadFrom(u" SELECT team_results.* "_s
@@ -232,7 +232,7 @@ int16_t cTeamResultsCollection::loadPreviousRace(const cLeague& league, const cR
 
 // The MAX pairs each race with itself, so it ranges over every race type: when a race of
 // another type or Score By ran in between, no previous race is found and nothing is carried.
-int16_t cTeamResultsCollection::loadDroppedDrivers(const cLeague& league, const cRaces& race)
+int32_t cTeamResultsCollection::loadDroppedDrivers(const cLeague& league, const cRaces& race)
 {
     const QString raceNmbr = num(race.raceNmbr());
     const QString leagueNmbr = num(league.leagueNmbr());
@@ -261,7 +261,7 @@ int16_t cTeamResultsCollection::loadDroppedDrivers(const cLeague& league, const 
                     u" AND league_nmbr = "_s + leagueNmbr + u")"_s);
 }
 
-int16_t cTeamResultsCollection::loadPreviousRaces(const cLeague& league, const cRaces& race)
+int32_t cTeamResultsCollection::loadPreviousRaces(const cLeague& league, const cRaces& race)
 {
     return loadFrom(u" SELECT team_results.* "_s
                     u" FROM team_results, races r1 "_s

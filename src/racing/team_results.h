@@ -110,19 +110,19 @@ public:
 
     // Every load appends and returns the count afterwards. order is the text after
     // " ORDER BY place " / " ORDER BY points " ("asc", "desc"); without it the rows are not ordered.
-    int16_t load(int16_t leagueNmbr, std::optional<int16_t> raceNmbr = {}, std::optional<int16_t> teamNmbr = {},
+    int32_t load(int16_t leagueNmbr, std::optional<int16_t> raceNmbr = {}, std::optional<int16_t> teamNmbr = {},
                  const std::optional<QString>& order = {});
     // As load, without the top bonus rows, ordered by points when an order is given.
-    int16_t loadNoBonusCars(int16_t leagueNmbr, std::optional<int16_t> raceNmbr = {},
+    int32_t loadNoBonusCars(int16_t leagueNmbr, std::optional<int16_t> raceNmbr = {},
                             std::optional<int16_t> teamNmbr = {}, const std::optional<QString>& order = {});
     // The league's rows of the latest earlier race of its race type that has results.
-    int16_t loadPreviousRace(const cLeague& league, const cRaces& race);
+    int32_t loadPreviousRace(const cLeague& league, const cRaces& race);
     // The league's rows of the race before this one whose car has no row for the same team in
     // this race. The previous race is the latest earlier race of any type; when that one is not
     // of the league's race type and Score By, nothing is found.
-    int16_t loadDroppedDrivers(const cLeague& league, const cRaces& race);
+    int32_t loadDroppedDrivers(const cLeague& league, const cRaces& race);
     // The league's rows of its race type up to and including the race's date.
-    int16_t loadPreviousRaces(const cLeague& league, const cRaces& race);
+    int32_t loadPreviousRaces(const cLeague& league, const cRaces& race);
 
     // The totalPoints of the first row of that car and team in list order; 0 when none.
     int32_t getTotalPoints(int16_t carNmbr, int16_t teamNmbr);
@@ -141,7 +141,7 @@ public:
 private:
     template <class Field>
     int16_t sumOf(int16_t teamNmbr, int16_t carNmbr, Field field);
-    int16_t loadFrom(const QString& statement);
+    int32_t loadFrom(const QString& statement);
     bool anyRow(const QString& statement);
     void fill();
     IDatabase m_db;

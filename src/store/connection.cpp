@@ -131,6 +131,12 @@ bool cWorkspace::Rollback()
     return db && exec(db, "ROLLBACK;");
 }
 
+bool cWorkspace::inTransaction() const
+{
+    sqlite3* db = currentDatabase();
+    return db && sqlite3_get_autocommit(db) == 0;
+}
+
 // ---------------------------------------------------------------- cConnection
 
 cConnection::~cConnection()
@@ -434,9 +440,9 @@ void IDatabase::MovePrevious()
     refreshFlags();
 }
 
-int16_t IDatabase::recordCount() const
+int32_t IDatabase::recordCount() const
 {
-    return checkedNarrow<int16_t>(static_cast<int64_t>(m_reached));
+    return checkedNarrow<int32_t>(static_cast<int64_t>(m_reached));
 }
 
 void IDatabase::compactDatabaseNow(QString& destination)

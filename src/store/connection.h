@@ -13,12 +13,15 @@ struct sqlite3;
 struct sqlite3_stmt;
 struct StatementShape;
 
-// The transaction trio of the connection. Five list replacements use it; nothing nests.
+// The transaction trio of the connection. Code outside the store goes through cTransaction
+// (store/transaction.h), which never leaves a transaction open; nothing nests.
 class cWorkspace {
 public:
     bool BeginTrans();
     bool CommitTrans();
     bool Rollback();
+    // True while a transaction is open on the data file.
+    bool inTransaction() const;
 };
 
 // The one connection to the data file: exclusive, encrypted, WAL while open.
@@ -98,8 +101,8 @@ public:
     // Deletes the destination and writes a compacted, encrypted copy of the (closed) data file
     // there; all errors are ignored. An empty destination means the backups folder.
     void compactDatabaseNow(QString& destination);
-    // Rows reached so far, narrowed to 16 bits.
-    int16_t recordCount() const;
+    // Rows reached so far (32-bit; more rows than that is "Overflow").
+    int32_t recordCount() const;
 
     // The columns of the current result set, for tools that print rows.
     QStringList columnNames() const { return m_columns; }

@@ -1,7 +1,9 @@
 #include "base/app_globals.h"
 #include "racing/posting.h"
+#include "racing/results.h"
 #include "racing/standings.h"
 #include "season.h"
+#include "store/transaction.h"
 #include "support/temp_app.h"
 
 #include <QFile>
@@ -316,6 +318,61 @@ TEST_F(Posting, the_script_edits_bonuses_before_points_are_added)
     ASSERT_EQ(app.presenter().boxes().size(), 2);
     EXPECT_TRUE(app.presenter().boxes()[0].text.startsWith(u"Error = no such table: nothere"_s));
     EXPECT_EQ(Season::summary(race, league, team), u"110@1"_s);
+}
+
+TEST_F(Posting, aScriptThatCommitsOrRollsBackTouchesOnlyItsOwnStatements)
+{
+    const int16_t league = s.league(s.method({10}));
+    const int16_t team = s.team(league);
+    const int16_t car = s.car(u"1"_s);
+    s.hold(team, car, u"2002-01-01"_s);
+    const int16_t race = s.race(u"2002-11-08"_s);
+    s.result(race, car, 1);
+    QFile script(applicationFolder() + u"/scoring.lk"_s);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("UPDATE team_results SET fast_qual_bonus = 100 WHERE league_nmbr = %league_nmbr%;\nROLLBACK;\n"
+                 "BEGIN;\nUPDATE team_results SET adjustment = 5 WHERE league_nmbr = %league_nmbr%;\nCOMMIT;\n"
+                 "BEGIN;\nDELETE FROM team_results WHERE league_nmbr = %league_nmbr%;\nROLLBACK");
+    script.close();
+    post(race);
+    // The first ROLLBACK has nothing to undo and says so: the rows of the first steps and the
+    // update before it stay. The committed change stays; the rolled-back delete takes nothing else.
+    EXPECT_EQ(Season::row(race, team, car), u"115/115/1/1"_s);
+    EXPECT_EQ(Season::summary(race, league, team), u"115@1"_s);
+    ASSERT_EQ(app.presenter().boxes().size(), 1);
+    EXPECT_TRUE(app.presenter().boxes()[0].text.contains(u"no transaction is active"_s))
+        << qPrintable(app.presenter().boxes()[0].text);
+    EXPECT_FALSE(gConnection->getWorkSpace().inTransaction());
+}
+
+TEST_F(Posting, aDataFileWithFortyThousandEarlierResultsStillPosts)
+{
+    const int16_t league = s.league(s.method({10, 8}));
+    const int16_t team = s.team(league);
+    const int16_t car = s.car(u"1"_s), other = s.car(u"2"_s);
+    s.hold(team, car, u"2002-01-01"_s);
+    const int16_t race = s.race(u"2002-11-15"_s);
+    s.result(race, car, 2);
+    s.result(race, other, 1);
+    // 400 races of earlier seasons of the other series, 100 results each.
+    {
+        cTransaction transaction;
+        Season::run(u"INSERT INTO races (race_nmbr, race_name, track_name, race_dt, race_type_nmbr, car_type_nmbr, race_status_nmbr) "
+                    u"SELECT 1000 + i, 'Old', 'Track', '1999-01-01', 6, 1, 2 FROM "
+                    u"(WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 399) SELECT i FROM n)"_s);
+        Season::run(u"INSERT INTO results (race_nmbr, car_nmbr, place, qualified, fast_qual, laps_led, adjustment) "
+                    u"SELECT 1000 + i / 100, 600 + i % 100, 1 + i % 100, 0, 0, 0, 0 FROM "
+                    u"(WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 39999) SELECT i FROM n)"_s);
+        ASSERT_TRUE(transaction.commit());
+    }
+    ASSERT_EQ(app.count(u"results"_s), 40002);
+    cResultsCollection all;
+    EXPECT_EQ(all.load(), 40002);
+
+    postResults(Season::raceRecord(race));
+    EXPECT_EQ(app.presenter().boxTexts(), QStringList());
+    EXPECT_EQ(Season::row(race, team, car), u"8/8/1/2"_s);
+    EXPECT_EQ(Season::summary(race, league, team), u"8@1"_s);
 }
 
 TEST_F(Posting, an_invalid_scoring_option_skips_that_league_only)

@@ -199,6 +199,17 @@ TEST(ResultSet, movesReadTheRowsAsTheProgramExpects)
     EXPECT_EQ(runtimeErrorOf([&] { db.fields(u"race_status_nmbr"_s); }), u"No current record."_s);
 }
 
+TEST(ResultSet, countsRowsBeyondSixteenBits)
+{
+    TempApp app;
+    IDatabase db;
+    ASSERT_TRUE(db.OpenResultSet(
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 40000) SELECT i FROM n"_s));
+    db.MoveLast();
+    EXPECT_EQ(db.recordCount(), 40000);
+    EXPECT_EQ(db.fields(u"i"_s).toInt32(), 40000);
+}
+
 TEST(ResultSet, nullAndOutOfRangeValuesRaiseTheRunTimeError)
 {
     TempApp app;
