@@ -16,17 +16,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString n(int64_t value)
-{
-    return QString::number(value);
-}
-
 // " AND team_results.race_nmbr = <race> AND team_results.league_nmbr = <league>"-style filter
 // shared by the three bonus updates.
 QString bonusFilter(const cLeague& league, const cRaces& race, int16_t carNmbr)
 {
-    return u" WHERE team_results.race_nmbr = "_s + n(race.raceNmbr()) + u" AND team_results.league_nmbr = "_s +
-           n(league.leagueNmbr()) + u" AND team_results.car_nmbr = "_s + n(carNmbr);
+    return u" WHERE team_results.race_nmbr = "_s + sqlNumber(race.raceNmbr()) + u" AND team_results.league_nmbr = "_s +
+           sqlNumber(league.leagueNmbr()) + u" AND team_results.car_nmbr = "_s + sqlNumber(carNmbr);
 }
 
 bool highScoreOf(const cLeague& league)
@@ -40,8 +35,8 @@ bool highScoreOf(const cLeague& league)
 
 bool cTeamResults::postForLeague(const cLeague& league, const cRaces& race)
 {
-    const QString raceText = n(race.raceNmbr());
-    const QString leagueText = n(league.leagueNmbr());
+    const QString raceText = sqlNumber(race.raceNmbr());
+    const QString leagueText = sqlNumber(league.leagueNmbr());
     // A roster entry covers the race when efctv_dt <= race day < term_dt: a car is on the team
     // on its effective date and off it on its termination date.
     return m_db.execute(
@@ -56,7 +51,7 @@ bool cTeamResults::postForLeague(const cLeague& league, const cRaces& race)
 std::optional<int16_t> cTeamResults::bonusAmount(const cLeague& league, const QString& column)
 {
     if (!m_db.OpenResultSet(u" SELECT "_s + column + u"  FROM leagues,scoring_type  WHERE leagues.league_nmbr = "_s +
-                            n(league.leagueNmbr()) +
+                            sqlNumber(league.leagueNmbr()) +
                             u"   AND leagues.scoring_type_nmbr = scoring_type.scoring_type_nmbr "_s))
         return std::nullopt;
     return m_db.fields(column).toInt16();
@@ -72,7 +67,7 @@ bool cTeamResults::setFastQualBonus(const cLeague& league, const cRaces& race)
     cResultsCollection cars;
     cars.loadFastQualifier(race.raceNmbr());
     for (const cResults& car : cars)
-        if (!m_db.execute(u" UPDATE team_results  SET fast_qual_bonus = "_s + n(*amount) +
+        if (!m_db.execute(u" UPDATE team_results  SET fast_qual_bonus = "_s + sqlNumber(*amount) +
                           bonusFilter(league, race, car.carNmbr())))
             return false;
     return true;
@@ -89,7 +84,7 @@ bool cTeamResults::setMostLapsLedBonus(const cLeague& league, const cRaces& race
     cResultsCollection cars;
     cars.loadMostLapsLed(race.raceNmbr());
     for (const cResults& car : cars)
-        if (!m_db.execute(u" UPDATE team_results  SET most_laps_led_bonus = "_s + n(*amount) +
+        if (!m_db.execute(u" UPDATE team_results  SET most_laps_led_bonus = "_s + sqlNumber(*amount) +
                           bonusFilter(league, race, car.carNmbr()) + u" AND team_results.place > 0"_s))
             return false;
     return true;
@@ -105,7 +100,7 @@ bool cTeamResults::setLapsLedBonus(const cLeague& league, const cRaces& race)
     cResultsCollection cars;
     cars.loadLapsLed(race.raceNmbr());
     for (const cResults& car : cars)
-        if (!m_db.execute(u" UPDATE team_results  SET laps_led_bonus = "_s + n(*amount) +
+        if (!m_db.execute(u" UPDATE team_results  SET laps_led_bonus = "_s + sqlNumber(*amount) +
                           bonusFilter(league, race, car.carNmbr())))
             return false;
     return true;
@@ -126,10 +121,10 @@ bool cTeamResults::setQualPointsBonus(const cLeague& league, const cRaces& race)
         if (points == 0 || done.contains(row.qualified()))
             continue;
         done.insert(row.qualified());
-        if (!m_db.execute(u" UPDATE team_results  SET qual_points = ( "_s + n(points) +
-                          u")  WHERE team_results.qualified = "_s + n(row.qualified()) +
-                          u" AND team_results.race_nmbr = "_s + n(race.raceNmbr()) +
-                          u" AND team_results.league_nmbr = "_s + n(league.leagueNmbr())))
+        if (!m_db.execute(u" UPDATE team_results  SET qual_points = ( "_s + sqlNumber(points) +
+                          u")  WHERE team_results.qualified = "_s + sqlNumber(row.qualified()) +
+                          u" AND team_results.race_nmbr = "_s + sqlNumber(race.raceNmbr()) +
+                          u" AND team_results.league_nmbr = "_s + sqlNumber(league.leagueNmbr())))
             return false;
     }
     return true;
@@ -146,10 +141,10 @@ bool cTeamResults::setPoints(const cLeague& league, const cRaces& race)
         const int32_t sum = checkedNarrow<int32_t>(int64_t{method.pointsForPlace(row.place())} + row.lapsLedBonus() +
                                                    row.mostLapsLedBonus() + row.fastQualBonus() + row.qualPoints() +
                                                    row.adjustment());
-        if (!m_db.execute(u" UPDATE team_results  SET points = ( "_s + n(sum) + u")  WHERE team_results.car_nmbr = "_s +
-                          n(row.carNmbr()) + u" AND team_results.team_nmbr = "_s + n(row.teamNmbr()) +
-                          u" AND team_results.race_nmbr = "_s + n(race.raceNmbr()) +
-                          u" AND team_results.league_nmbr = "_s + n(league.leagueNmbr())))
+        if (!m_db.execute(u" UPDATE team_results  SET points = ( "_s + sqlNumber(sum) + u")  WHERE team_results.car_nmbr = "_s +
+                          sqlNumber(row.carNmbr()) + u" AND team_results.team_nmbr = "_s + sqlNumber(row.teamNmbr()) +
+                          u" AND team_results.race_nmbr = "_s + sqlNumber(race.raceNmbr()) +
+                          u" AND team_results.league_nmbr = "_s + sqlNumber(league.leagueNmbr())))
             return false;
         advanceProgress();
     }
@@ -239,7 +234,7 @@ bool cTeamResults::dropInactiveDrivers(const cLeague& league, const cRaces& race
     // No date test: a car with any inactive entry on the team is wiped, whichever stint covers the race.
     return m_db.execute(
         u"UPDATE team_results  SET adjustment = 0  ,fast_Qual_Bonus = 0  ,laps_Led_Bonus = 0  ,most_Laps_Led_Bonus = 0  ,points = 0  ,qual_Points = 0  WHERE league_nmbr = "_s +
-        n(league.leagueNmbr()) + u" AND race_nmbr = "_s + n(race.raceNmbr()) +
+        sqlNumber(league.leagueNmbr()) + u" AND race_nmbr = "_s + sqlNumber(race.raceNmbr()) +
         u" AND team_nmbr IN        (SELECT team_nmbr        FROM team_car        WHERE active = 0)  AND car_nmbr IN        (SELECT car_nmbr        FROM team_car        WHERE active = 0        AND team_nmbr = team_results.team_nmbr)"_s);
 }
 
@@ -251,9 +246,9 @@ bool cTeamResults::setTotalPoints(const cLeague& league, const cRaces& race)
     previous.loadPreviousRace(league, race);
     for (const cTeamResults& row : rows) {
         const int32_t carried = previous.getTotalPoints(row.carNmbr(), row.teamNmbr());
-        if (!m_db.execute(u" UPDATE team_results  SET total_points = points + "_s + n(carried) + u" WHERE team_nmbr = "_s +
-                          n(row.teamNmbr()) + u" AND car_nmbr = "_s + n(row.carNmbr()) + u" AND league_nmbr = "_s +
-                          n(league.leagueNmbr()) + u" AND race_nmbr = "_s + n(race.raceNmbr())))
+        if (!m_db.execute(u" UPDATE team_results  SET total_points = points + "_s + sqlNumber(carried) + u" WHERE team_nmbr = "_s +
+                          sqlNumber(row.teamNmbr()) + u" AND car_nmbr = "_s + sqlNumber(row.carNmbr()) + u" AND league_nmbr = "_s +
+                          sqlNumber(league.leagueNmbr()) + u" AND race_nmbr = "_s + sqlNumber(race.raceNmbr())))
             return false;
         advanceProgress();
     }

@@ -5,13 +5,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-QString n(int value)
-{
-    return QString::number(value);
-}
-} // namespace
-
 // ---------------------------------------------------------------- cResults
 
 bool cResults::CommitChanges()
@@ -22,20 +15,20 @@ bool cResults::CommitChanges()
 bool cResults::insertRow()
 {
     return m_db.execute(u"INSERT INTO results  (car_nmbr, race_nmbr, place, qualified, fast_qual, laps_led, adjustment) VALUES ("_s +
-                        n(m_carNmbr) + u","_s + n(m_raceNmbr) + u","_s + n(m_place) + u","_s + n(m_qualified) + u","_s +
-                        n(m_fastQual) + u","_s + n(m_lapsLead) + u","_s + n(m_adjustment) + u")"_s);
+                        sqlNumber(m_carNmbr) + u","_s + sqlNumber(m_raceNmbr) + u","_s + sqlNumber(m_place) + u","_s + sqlNumber(m_qualified) + u","_s +
+                        sqlNumber(m_fastQual) + u","_s + sqlNumber(m_lapsLead) + u","_s + sqlNumber(m_adjustment) + u")"_s);
 }
 
 bool cResults::updateRow()
 {
-    return m_db.execute(u"UPDATE results  set place = "_s + n(m_place) + u" ,qualified = "_s + n(m_qualified) +
-                        u" ,fast_qual = "_s + n(m_fastQual) + u" ,laps_led = "_s + n(m_lapsLead) +
-                        u" WHERE car_nmbr = "_s + n(m_carNmbr) + u" AND race_nmbr = "_s + n(m_raceNmbr));
+    return m_db.execute(u"UPDATE results  set place = "_s + sqlNumber(m_place) + u" ,qualified = "_s + sqlNumber(m_qualified) +
+                        u" ,fast_qual = "_s + sqlNumber(m_fastQual) + u" ,laps_led = "_s + sqlNumber(m_lapsLead) +
+                        u" WHERE car_nmbr = "_s + sqlNumber(m_carNmbr) + u" AND race_nmbr = "_s + sqlNumber(m_raceNmbr));
 }
 
 bool cResults::deleteRow()
 {
-    return m_db.execute(u"DELETE FROM results  WHERE race_nmbr = "_s + n(m_raceNmbr) + u" AND car_nmbr = "_s + n(m_carNmbr));
+    return m_db.execute(u"DELETE FROM results  WHERE race_nmbr = "_s + sqlNumber(m_raceNmbr) + u" AND car_nmbr = "_s + sqlNumber(m_carNmbr));
 }
 
 cResults cResults::copy() const
@@ -53,7 +46,7 @@ cResults cResults::copy() const
 
 int16_t cResults::currentRaceNmbr(int16_t raceTypeNmbr)
 {
-    const QString type = n(raceTypeNmbr);
+    const QString type = sqlNumber(raceTypeNmbr);
     if (!m_db.OpenResultSet(u"SELECT distinct(race_nmbr) FROM results WHERE race_nmbr =        (SELECT r1.race_nmbr        FROM RACES r1        WHERE race_type_nmbr = "_s +
                             type +
                             u"       AND r1.race_dt =            (SELECT MAX(r3.race_dt)            FROM races r3, results r4           WHERE r3.race_nmbr = r4.race_nmbr            AND race_type_nmbr = "_s +
@@ -66,9 +59,9 @@ int16_t cResults::currentRaceNmbr(int16_t raceTypeNmbr)
 int32_t cResults::countFor(int16_t leagueNmbr, int16_t carNmbr, const QString& lastClause)
 {
     if (!m_db.OpenResultSet(u" SELECT count(*) as count  FROM results  WHERE results.race_nmbr in (        SELECT races.race_nmbr        FROM races,leagues        WHERE leagues.league_nmbr = "_s +
-                            n(leagueNmbr) +
+                            sqlNumber(leagueNmbr) +
                             u"         AND leagues.race_type_nmbr = races.race_type_nmbr)  AND results.car_nmbr =  "_s +
-                            n(carNmbr) + lastClause) ||
+                            sqlNumber(carNmbr) + lastClause) ||
         m_db.eof())
         return 0;
     return m_db.fields(u"count"_s).toInt32();
@@ -132,16 +125,16 @@ int32_t cResultsCollection::load(std::optional<int16_t> raceNmbr)
 {
     QString sql = u"SELECT *"_s u" FROM results"_s;
     if (raceNmbr)
-        sql += u" WHERE race_nmbr = "_s + n(*raceNmbr);
+        sql += u" WHERE race_nmbr = "_s + sqlNumber(*raceNmbr);
     return loadWith(sql + u" order by place"_s);
 }
 
 int32_t cResultsCollection::loadPrevious(const cRaces& previousOf)
 {
-    const QString race = n(previousOf.raceNmbr());
+    const QString race = sqlNumber(previousOf.raceNmbr());
     const int16_t raceTypeNmbr = previousOf.raceTypeNmbr();
     return loadWith(u"SELECT * FROM results WHERE race_nmbr =        (SELECT r1.race_nmbr        FROM RACES r1        WHERE race_type_nmbr = "_s +
-                    n(raceTypeNmbr) +
+                    sqlNumber(raceTypeNmbr) +
                     u"       AND r1.race_dt =            (SELECT MAX(r3.race_dt)            FROM races r3, races r4           WHERE r3.race_type_nmbr = r4.race_type_nmbr            AND r4.race_nmbr = "_s +
                     race +
                     u"           AND r3.race_dt <                (SELECT r4.race_dt                FROM races r4               WHERE r4.race_nmbr = "_s +
@@ -151,21 +144,21 @@ int32_t cResultsCollection::loadPrevious(const cRaces& previousOf)
 int32_t cResultsCollection::loadMostLapsLed(int16_t raceNmbr)
 {
     int16_t most = 0;
-    if (m_db.OpenResultSet(u" SELECT max(laps_led) as max_laps_led  FROM results  WHERE race_nmbr = "_s + n(raceNmbr)) &&
+    if (m_db.OpenResultSet(u" SELECT max(laps_led) as max_laps_led  FROM results  WHERE race_nmbr = "_s + sqlNumber(raceNmbr)) &&
         !m_db.eof() && !m_db.fields(u"max_laps_led"_s).isNull())
         most = m_db.fields(u"max_laps_led"_s).toInt16();
     // With nobody leading a lap the maximum is 0, and every car "led the most".
-    return loadWith(u" select * FROM results  WHERE race_nmbr = "_s + n(raceNmbr) + u" AND laps_led = "_s + n(most));
+    return loadWith(u" select * FROM results  WHERE race_nmbr = "_s + sqlNumber(raceNmbr) + u" AND laps_led = "_s + sqlNumber(most));
 }
 
 int32_t cResultsCollection::loadFastQualifier(int16_t raceNmbr)
 {
-    return loadWith(u" select * FROM results  WHERE race_nmbr = "_s + n(raceNmbr) + u" AND fast_Qual = 1"_s);
+    return loadWith(u" select * FROM results  WHERE race_nmbr = "_s + sqlNumber(raceNmbr) + u" AND fast_Qual = 1"_s);
 }
 
 int32_t cResultsCollection::loadLapsLed(int16_t raceNmbr)
 {
-    return loadWith(u" select * FROM results  WHERE race_nmbr = "_s + n(raceNmbr) + u" AND laps_led > 0 "_s);
+    return loadWith(u" select * FROM results  WHERE race_nmbr = "_s + sqlNumber(raceNmbr) + u" AND laps_led > 0 "_s);
 }
 
 bool cResultsCollection::raceExists(int16_t raceNmbr)
@@ -198,12 +191,12 @@ int16_t cResultsCollection::getPlace(int16_t carNmbr) const
 
 bool cResultsCollection::deleteTeamResultsSummary(int16_t raceNmbr)
 {
-    return m_db.execute(u"DELETE FROM team_results_summary where race_nmbr = "_s + n(raceNmbr));
+    return m_db.execute(u"DELETE FROM team_results_summary where race_nmbr = "_s + sqlNumber(raceNmbr));
 }
 
 bool cResultsCollection::deleteTeamResults(int16_t raceNmbr)
 {
-    return m_db.execute(u"DELETE FROM team_results where race_nmbr = "_s + n(raceNmbr));
+    return m_db.execute(u"DELETE FROM team_results where race_nmbr = "_s + sqlNumber(raceNmbr));
 }
 
 bool cResultsCollection::deletePosting(int16_t raceNmbr)
@@ -215,7 +208,7 @@ bool cResultsCollection::deleteResults(int16_t raceNmbr)
 {
     // Results never stay behind without their posting being gone first.
     return deleteTeamResultsSummary(raceNmbr) && deleteTeamResults(raceNmbr) &&
-           m_db.execute(u"DELETE FROM results where race_nmbr = "_s + n(raceNmbr));
+           m_db.execute(u"DELETE FROM results where race_nmbr = "_s + sqlNumber(raceNmbr));
 }
 
 bool cResultsCollection::insertResults()
@@ -244,7 +237,7 @@ QString cResultsCollection::validateData()
                 errors += u"Car Number "_s + car.carTxt() + u" exists more than once."_s + u'\n';
             }
             if (a.place() == b.place() && a.place() != 0)
-                errors += u" Place "_s + n(a.place()) + u" exists more than once."_s + u'\n';
+                errors += u" Place "_s + sqlNumber(a.place()) + u" exists more than once."_s + u'\n';
         }
     }
     return errors;

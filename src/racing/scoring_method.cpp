@@ -2,13 +2,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-QString n(int value)
-{
-    return QString::number(value);
-}
-} // namespace
-
 cScoringType cScoringType::copy() const
 {
     cScoringType working;
@@ -22,7 +15,7 @@ cScoringType cScoringType::copy() const
 
 bool cScoringType::deleteRow()
 {
-    return m_db.execute(u"DELETE FROM scoring_type  WHERE scoring_type_nmbr = "_s + n(m_scoringTypeNmbr));
+    return m_db.execute(u"DELETE FROM scoring_type  WHERE scoring_type_nmbr = "_s + sqlNumber(m_scoringTypeNmbr));
 }
 
 bool cScoringType::CommitChanges()
@@ -33,10 +26,10 @@ bool cScoringType::CommitChanges()
 bool cScoringType::updateRow()
 {
     return m_db.execute(u"UPDATE scoring_type  set scoring_type_name = '"_s + sqlText(m_scoringTypeName) +
-                        u"' ,laps_led_bonus = "_s + n(m_lapsLedBonus) +
-                        u" ,most_laps_led_bonus = "_s + n(m_mostLapsLedBonus) +
-                        u" ,fast_qual_bonus = "_s + n(m_fastQualBonus) +
-                        u" WHERE scoring_type_nmbr = "_s + n(m_scoringTypeNmbr));
+                        u"' ,laps_led_bonus = "_s + sqlNumber(m_lapsLedBonus) +
+                        u" ,most_laps_led_bonus = "_s + sqlNumber(m_mostLapsLedBonus) +
+                        u" ,fast_qual_bonus = "_s + sqlNumber(m_fastQualBonus) +
+                        u" WHERE scoring_type_nmbr = "_s + sqlNumber(m_scoringTypeNmbr));
 }
 
 bool cScoringType::insertRow()
@@ -44,15 +37,15 @@ bool cScoringType::insertRow()
     m_scoringTypeNmbr = nextKey(m_db, u"scoring_type"_s, u"scoring_type_nmbr"_s);
     return m_db.execute(u"INSERT INTO scoring_type  (scoring_type_nmbr, scoring_type_name, laps_led_bonus, "_s
                         u"most_laps_led_bonus, fast_qual_bonus) VALUES ("_s +
-                        n(m_scoringTypeNmbr) + u",'"_s + sqlText(m_scoringTypeName) + u"',"_s + n(m_lapsLedBonus) +
-                        u","_s + n(m_mostLapsLedBonus) + u","_s + n(m_fastQualBonus) + u")"_s);
+                        sqlNumber(m_scoringTypeNmbr) + u",'"_s + sqlText(m_scoringTypeName) + u"',"_s + sqlNumber(m_lapsLedBonus) +
+                        u","_s + sqlNumber(m_mostLapsLedBonus) + u","_s + sqlNumber(m_fastQualBonus) + u")"_s);
 }
 
 int32_t cScoringType::load(int16_t scoringTypeNmbr)
 {
     if (!m_db.OpenResultSet(u"SELECT *"_s
                             u" FROM scoring_type"_s
-                            u" WHERE scoring_type_nmbr = "_s + n(scoringTypeNmbr)) ||
+                            u" WHERE scoring_type_nmbr = "_s + sqlNumber(scoringTypeNmbr)) ||
         m_db.eof())
         return 0;
     m_scoringTypeNmbr = m_db.fields(u"scoring_type_nmbr"_s).toInt16();

@@ -4,11 +4,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-QString n(int value)
-{
-    return QString::number(value);
-}
-
 // Replaces a method's rows in one transaction: delete, then insert each; any failure rolls back.
 template <class List, class Delete>
 bool replaceInTransaction(List& list, Delete deleteRows)
@@ -32,7 +27,7 @@ bool replaceInTransaction(List& list, Delete deleteRows)
 bool cScoringPoints::CommitChanges()
 {
     const bool found = m_db.OpenResultSet(u" SELECT *  FROM scoring_points  WHERE scoring_type_nmbr = "_s +
-                                          n(m_scoringTypeNmbr) + u" AND place = "_s + n(m_place)) &&
+                                          sqlNumber(m_scoringTypeNmbr) + u" AND place = "_s + sqlNumber(m_place)) &&
                        !m_db.eof();
     return found ? updateRow() : insertRow();
 }
@@ -40,20 +35,20 @@ bool cScoringPoints::CommitChanges()
 bool cScoringPoints::insertRow()
 {
     return m_db.execute(u"INSERT INTO scoring_points  (scoring_type_nmbr, place, points, qual_points) VALUES ("_s +
-                        n(m_scoringTypeNmbr) + u","_s + n(m_place) + u","_s + n(m_points) + u","_s + n(m_qualPoints) +
+                        sqlNumber(m_scoringTypeNmbr) + u","_s + sqlNumber(m_place) + u","_s + sqlNumber(m_points) + u","_s + sqlNumber(m_qualPoints) +
                         u")"_s);
 }
 
 bool cScoringPoints::updateRow()
 {
-    return m_db.execute(u"UPDATE scoring_points  set points = "_s + n(m_points) + u" ,qual_points = "_s + n(m_qualPoints) +
-                        u" WHERE scoring_type_nmbr = "_s + n(m_scoringTypeNmbr) + u" AND place = "_s + n(m_place));
+    return m_db.execute(u"UPDATE scoring_points  set points = "_s + sqlNumber(m_points) + u" ,qual_points = "_s + sqlNumber(m_qualPoints) +
+                        u" WHERE scoring_type_nmbr = "_s + sqlNumber(m_scoringTypeNmbr) + u" AND place = "_s + sqlNumber(m_place));
 }
 
 bool cScoringPoints::deleteRow()
 {
-    return m_db.execute(u"DELETE FROM scoring_points  WHERE scoring_type_nmbr = "_s + n(m_scoringTypeNmbr) +
-                        u" AND place = "_s + n(m_place));
+    return m_db.execute(u"DELETE FROM scoring_points  WHERE scoring_type_nmbr = "_s + sqlNumber(m_scoringTypeNmbr) +
+                        u" AND place = "_s + sqlNumber(m_place));
 }
 
 // ---------------------------------------------------------------- cScoringPointsCollection
@@ -89,7 +84,7 @@ int32_t cScoringPointsCollection::load(std::optional<int16_t> scoringTypeNmbr)
 {
     QString sql = u"SELECT *"_s u" FROM scoring_Points"_s;
     if (scoringTypeNmbr)
-        sql += u" WHERE scoring_type_nmbr = "_s + n(*scoringTypeNmbr);
+        sql += u" WHERE scoring_type_nmbr = "_s + sqlNumber(*scoringTypeNmbr);
     return loadWith(sql + u" order by place"_s);
 }
 
@@ -97,13 +92,13 @@ int32_t cScoringPointsCollection::loadQual(std::optional<int16_t> scoringTypeNmb
 {
     QString sql = u"SELECT *"_s u" FROM scoring_Points"_s u" WHERE qual_points <> 0 "_s;
     if (scoringTypeNmbr)
-        sql += u" AND scoring_type_nmbr = "_s + n(*scoringTypeNmbr);
+        sql += u" AND scoring_type_nmbr = "_s + sqlNumber(*scoringTypeNmbr);
     return loadWith(sql + u" order by place"_s);
 }
 
 bool cScoringPointsCollection::deleteScoringPoints(int16_t scoringTypeNmbr)
 {
-    return m_db.execute(u"DELETE FROM scoring_points where scoring_type_nmbr = "_s + n(scoringTypeNmbr));
+    return m_db.execute(u"DELETE FROM scoring_points where scoring_type_nmbr = "_s + sqlNumber(scoringTypeNmbr));
 }
 
 bool cScoringPointsCollection::insertScoringPoints()
@@ -145,7 +140,7 @@ bool cScoringPointsCollection::highScore() const
 bool cScoringTopPoints::insertRow()
 {
     return m_db.execute(u"INSERT INTO scoring_top_points  (scoring_type_nmbr, nmbr_cars, points, top_nmbr) VALUES ("_s +
-                        n(m_scoringTypeNmbr) + u","_s + n(m_nmbr) + u","_s + n(m_points) + u","_s + n(m_top) + u")"_s);
+                        sqlNumber(m_scoringTypeNmbr) + u","_s + sqlNumber(m_nmbr) + u","_s + sqlNumber(m_points) + u","_s + sqlNumber(m_top) + u")"_s);
 }
 
 cScoringTopPoints& cScoringTopPointsCollection::Add(int16_t scoringTypeNmbr, int16_t nmbr, int16_t points, int16_t top,
@@ -171,7 +166,7 @@ void cScoringTopPointsCollection::fill()
 int32_t cScoringTopPointsCollection::load(int16_t scoringTypeNmbr)
 {
     if (m_db.OpenResultSet(u"SELECT *"_s u" FROM scoring_top_points"_s u" WHERE scoring_type_nmbr = "_s +
-                           n(scoringTypeNmbr)) &&
+                           sqlNumber(scoringTypeNmbr)) &&
         !m_db.eof())
         fill();
     return loadedCount();
@@ -179,7 +174,7 @@ int32_t cScoringTopPointsCollection::load(int16_t scoringTypeNmbr)
 
 bool cScoringTopPointsCollection::deleteScoringTopPoints(int16_t scoringTypeNmbr)
 {
-    return m_db.execute(u"DELETE FROM scoring_top_points where scoring_type_nmbr = "_s + n(scoringTypeNmbr));
+    return m_db.execute(u"DELETE FROM scoring_top_points where scoring_type_nmbr = "_s + sqlNumber(scoringTypeNmbr));
 }
 
 bool cScoringTopPointsCollection::insertScoringTopPoints()

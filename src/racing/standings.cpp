@@ -8,11 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-QString n(int value)
-{
-    return QString::number(value);
-}
-
 bool highScoreOf(const cLeague& league)
 {
     cScoringPointsCollection points;
@@ -26,15 +21,15 @@ bool highScoreOf(const cLeague& league)
 bool cTeamResultsSummary::insertRow()
 {
     return m_db.execute(u"INSERT INTO team_results_summary  (race_nmbr, team_nmbr, league_nmbr, points, team_place) VALUES ("_s +
-                        n(m_raceNmbr) + u","_s + n(m_teamNmbr) + u","_s + n(m_leagueNmbr) + u","_s + n(m_points) +
-                        u","_s + n(m_teamPlace) + u")"_s);
+                        sqlNumber(m_raceNmbr) + u","_s + sqlNumber(m_teamNmbr) + u","_s + sqlNumber(m_leagueNmbr) + u","_s + sqlNumber(m_points) +
+                        u","_s + sqlNumber(m_teamPlace) + u")"_s);
 }
 
 int32_t cTeamResultsSummary::pointsForRace(int16_t leagueNmbr, int16_t teamNmbr, int16_t raceNmbr)
 {
     if (!m_db.OpenResultSet(u" SELECT sum(points) as sum_points  FROM team_results A  WHERE A.league_nmbr = "_s +
-                            n(leagueNmbr) + u" AND A.team_nmbr = "_s + n(teamNmbr) + u" AND A.race_nmbr = "_s +
-                            n(raceNmbr)) ||
+                            sqlNumber(leagueNmbr) + u" AND A.team_nmbr = "_s + sqlNumber(teamNmbr) + u" AND A.race_nmbr = "_s +
+                            sqlNumber(raceNmbr)) ||
         m_db.eof() || m_db.fields(u"sum_points"_s).isNull())
         return 0;
     return m_db.fields(u"sum_points"_s).toInt32();
@@ -43,10 +38,10 @@ int32_t cTeamResultsSummary::pointsForRace(int16_t leagueNmbr, int16_t teamNmbr,
 int32_t cTeamResultsSummary::pointsForMostRecentRace(int16_t leagueNmbr, int16_t teamNmbr, int16_t raceNmbr)
 {
     if (!m_db.OpenResultSet(
-            u" SELECT points  FROM team_results_summary A, races B, leagues C WHERE A.league_nmbr = "_s + n(leagueNmbr) +
-            u" AND A.team_nmbr = "_s + n(teamNmbr) +
+            u" SELECT points  FROM team_results_summary A, races B, leagues C WHERE A.league_nmbr = "_s + sqlNumber(leagueNmbr) +
+            u" AND A.team_nmbr = "_s + sqlNumber(teamNmbr) +
             u" AND A.race_nmbr = B.race_nmbr  AND A.league_nmbr = C.league_nmbr  AND B.race_type_nmbr = C.race_type_nmbr  AND B.car_type_nmbr = C.car_type_nmbr  AND B.race_dt =    (SELECT MAX(race_dt)     FROM races, team_results     WHERE race_type_nmbr = B.race_type_nmbr     AND races.race_nmbr = team_results.race_nmbr    AND races.race_dt <=       (SELECT race_dt       FROM races       WHERE race_nmbr = "_s +
-            n(raceNmbr) + u"))"_s) ||
+            sqlNumber(raceNmbr) + u"))"_s) ||
         m_db.eof())
         return 0;
     return m_db.fields(u"points"_s).toInt32();
@@ -54,8 +49,8 @@ int32_t cTeamResultsSummary::pointsForMostRecentRace(int16_t leagueNmbr, int16_t
 
 bool cTeamResultsSummary::postForLeague(const cLeague& league, const cRaces& race)
 {
-    const QString raceText = n(race.raceNmbr());
-    const QString leagueText = n(league.leagueNmbr());
+    const QString raceText = sqlNumber(race.raceNmbr());
+    const QString leagueText = sqlNumber(league.leagueNmbr());
     const bool posted = m_db.execute(
         u" INSERT INTO team_results_summary  ( race_nmbr  , team_place  , team_nmbr  , points  , league_nmbr )  SELECT "_s +
         raceText + u" , 0  , team_results.team_nmbr  , SUM(team_results.points)  , "_s + leagueText +
@@ -90,9 +85,9 @@ bool cTeamResultsSummary::setPlace(const cLeague& league, const cRaces& race)
     for (const cTeamResultsSummary& row : rows) {
         if (row.points() != previousPoints)
             place = position;
-        if (!m_db.execute(u" UPDATE team_results_summary SET team_place = "_s + n(place) + u" WHERE team_nmbr = "_s +
-                          n(row.teamNmbr()) + u" AND league_nmbr = "_s + n(league.leagueNmbr()) +
-                          u" AND race_nmbr = "_s + n(race.raceNmbr())))
+        if (!m_db.execute(u" UPDATE team_results_summary SET team_place = "_s + sqlNumber(place) + u" WHERE team_nmbr = "_s +
+                          sqlNumber(row.teamNmbr()) + u" AND league_nmbr = "_s + sqlNumber(league.leagueNmbr()) +
+                          u" AND race_nmbr = "_s + sqlNumber(race.raceNmbr())))
             return false;
         previousPoints = row.points();
         position = checkedNarrow<int16_t>(position + 1);
@@ -104,12 +99,12 @@ bool cTeamResultsSummary::setPlace(const cLeague& league, const cRaces& race)
 int16_t cTeamResultsSummary::topXs(int16_t x, const cLeague& league, int16_t teamNmbr, int16_t raceNmbr)
 {
     if (!m_db.OpenResultSet(
-            u" SELECT count(*) as count  FROM team_results_summary  WHERE league_nmbr = "_s + n(league.leagueNmbr()) +
-            u" AND team_nmbr = "_s + n(teamNmbr) + u" AND team_place <= "_s + n(x) +
+            u" SELECT count(*) as count  FROM team_results_summary  WHERE league_nmbr = "_s + sqlNumber(league.leagueNmbr()) +
+            u" AND team_nmbr = "_s + sqlNumber(teamNmbr) + u" AND team_place <= "_s + sqlNumber(x) +
             u" AND team_place > 0  AND race_nmbr in (         SELECT race_nmbr          FROM races          WHERE race_type_nmbr = "_s +
-            n(league.raceTypeNmbr()) + u"         AND car_type_nmbr = "_s + n(league.carTypeNmbr()) +
+            sqlNumber(league.raceTypeNmbr()) + u"         AND car_type_nmbr = "_s + sqlNumber(league.carTypeNmbr()) +
             u"         AND race_dt <=                 (SELECT race_dt                 FROM races                 WHERE race_nmbr = "_s +
-            n(raceNmbr) + u"))"_s) ||
+            sqlNumber(raceNmbr) + u"))"_s) ||
         m_db.eof())
         return 0;
     return m_db.fields(u"count"_s).toInt16();
@@ -132,16 +127,16 @@ int16_t cTeamResultsSummary::top10s(const cLeague& league, int16_t teamNmbr, int
 
 int16_t cTeamResultsSummary::placePreviousRace(int16_t leagueNmbr, int16_t teamNmbr, int16_t raceNmbr)
 {
-    const QString league = n(leagueNmbr);
+    const QString league = sqlNumber(leagueNmbr);
     if (!m_db.OpenResultSet(
             u" SELECT team_place  FROM team_results_summary WHERE league_nmbr = "_s + league + u" AND team_nmbr = "_s +
-            n(teamNmbr) +
+            sqlNumber(teamNmbr) +
             u" AND race_nmbr =           (SELECT race_nmbr              FROM races, leagues             WHERE races.race_type_nmbr = leagues.race_type_nmbr               AND leagues.league_nmbr = "_s +
             league +
             u"              AND race_dt =                       (SELECT max(race_dt)                          FROM races, leagues                        WHERE races.race_type_nmbr = leagues.race_type_nmbr                           AND leagues.league_nmbr = "_s +
             league +
             u"                          AND race_dt <                                    (SELECT race_dt                                       FROM races                                      WHERE race_nmbr = "_s +
-            n(raceNmbr) + u")))"_s) ||
+            sqlNumber(raceNmbr) + u")))"_s) ||
         m_db.eof())
         return 0;
     return m_db.fields(u"team_place"_s).toInt16();
@@ -181,18 +176,18 @@ int32_t cTeamResultsSummaryCollection::loadWith(const QString& statement)
 int32_t cTeamResultsSummaryCollection::load(int16_t leagueNmbr, std::optional<int16_t> raceNmbr,
                                             std::optional<int16_t> teamNmbr, bool highScore)
 {
-    QString sql = u" SELECT *  FROM team_results_summary  WHERE league_nmbr = "_s + n(leagueNmbr);
+    QString sql = u" SELECT *  FROM team_results_summary  WHERE league_nmbr = "_s + sqlNumber(leagueNmbr);
     if (raceNmbr)
-        sql += u" AND race_nmbr = "_s + n(*raceNmbr);
+        sql += u" AND race_nmbr = "_s + sqlNumber(*raceNmbr);
     if (teamNmbr)
-        sql += u" AND team_nmbr = "_s + n(*teamNmbr);
+        sql += u" AND team_nmbr = "_s + sqlNumber(*teamNmbr);
     sql += highScore ? u" ORDER BY points desc"_s : u" ORDER BY points asc"_s;
     return loadWith(sql);
 }
 
 int32_t cTeamResultsSummaryCollection::loadTeam(int16_t teamNmbr)
 {
-    return loadWith(u" SELECT *  FROM team_results_summary  WHERE team_nmbr = "_s + n(teamNmbr));
+    return loadWith(u" SELECT *  FROM team_results_summary  WHERE team_nmbr = "_s + sqlNumber(teamNmbr));
 }
 
 bool cTeamResultsSummaryCollection::leagueExists(int16_t leagueNmbr)
@@ -244,10 +239,10 @@ int32_t cLeagueStandingsCollection::loadTable(int16_t leagueNmbr, int16_t raceNm
 {
     const QString sql =
         u" SELECT sum(points) as sum_points, teams.team_nmbr, team_name, team_owner, leagues.race_type_nmbr  From team_results_summary, teams, races, leagues  WHERE team_results_summary.league_nmbr = "_s +
-        n(leagueNmbr) +
+        sqlNumber(leagueNmbr) +
         u" AND teams.team_nmbr = team_results_summary.team_nmbr  AND races.race_nmbr = team_results_summary.race_nmbr  AND leagues.league_nmbr = team_results_summary.league_nmbr  AND races.race_type_nmbr = leagues.race_type_nmbr "_s +
         dateTest + u"                (SELECT race_dt                   FROM races                 WHERE races.race_nmbr = "_s +
-        n(raceNmbr) + u") GROUP BY teams.team_nmbr, team_name, team_owner, leagues.race_type_nmbr "_s +
+        sqlNumber(raceNmbr) + u") GROUP BY teams.team_nmbr, team_name, team_owner, leagues.race_type_nmbr "_s +
         (highScore && !*highScore ? u" ORDER BY 1 ASC"_s : u" ORDER BY 1 DESC"_s);
     if (m_db.OpenResultSet(sql) && !m_db.eof())
         fill();

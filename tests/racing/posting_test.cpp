@@ -39,7 +39,7 @@ protected:
 };
 
 // The worked example: every value of its table.
-TEST_F(Posting, the_worked_example_scores_every_row_as_expected)
+TEST_F(Posting, theWorkedExampleScoresEveryRowAsExpected)
 {
     const int16_t method = s.method({10, 8, 6}, 1, 5, 2, {3});
     s.topRow(method, 3, 2, 7);
@@ -87,7 +87,7 @@ TEST_F(Posting, the_worked_example_scores_every_row_as_expected)
     EXPECT_EQ(Season::summary(race, league, b), u"0@2"_s);
 }
 
-TEST_F(Posting, ties_share_a_place_and_teams_on_zero_stay_unranked)
+TEST_F(Posting, tiesShareAPlaceAndTeamsOnZeroStayUnranked)
 {
     const int16_t league = s.league(s.method({10, 8, 6, 5, 4}));
     const int16_t race = s.race(u"2002-03-01"_s);
@@ -119,7 +119,7 @@ TEST_F(Posting, ties_share_a_place_and_teams_on_zero_stay_unranked)
         EXPECT_EQ(Season::summary(empty, league, team), u"0@0"_s);
 }
 
-TEST_F(Posting, a_low_score_method_turns_the_order_dnq_place_and_drops_over)
+TEST_F(Posting, aLowScoreMethodTurnsTheOrderDnqPlaceAndDropsOver)
 {
     const int16_t method = s.method({1, 2, 3, 4});
     const int16_t league = s.league(method, 2, 1);
@@ -156,7 +156,7 @@ struct TopCase {
 
 class TopBonus : public Posting, public ::testing::WithParamInterface<TopCase> {};
 
-TEST_P(TopBonus, pays_a_team_with_exactly_that_many_cars_in_the_top)
+TEST_P(TopBonus, paysATeamWithExactlyThatManyCarsInTheTop)
 {
     const int16_t method = s.method({10, 9, 8, 7, 6});
     s.topRow(method, GetParam().top, GetParam().cars, 4);
@@ -183,7 +183,7 @@ INSTANTIATE_TEST_SUITE_P(Counts, TopBonus,
                              return "top" + std::to_string(tested.param.top) + "_cars" + std::to_string(tested.param.cars);
                          });
 
-TEST_F(Posting, roster_dates_inactive_entries_and_shared_cars)
+TEST_F(Posting, rosterDatesInactiveEntriesAndSharedCars)
 {
     const int16_t league = s.league(s.method({10, 8, 6, 4}, 0, 0, 3));
     const int16_t a = s.team(league), b = s.team(league);
@@ -213,7 +213,7 @@ TEST_F(Posting, roster_dates_inactive_entries_and_shared_cars)
     EXPECT_EQ(Season::row(race, b, shared), u"7/11/1/4"_s);
 }
 
-TEST_F(Posting, nobody_leading_a_lap_gives_every_placed_car_the_most_laps_bonus)
+TEST_F(Posting, nobodyLeadingALapGivesEveryPlacedCarTheMostLapsBonus)
 {
     const int16_t league = s.league(s.method({10, 8}, 0, 5));
     const int16_t team = s.team(league);
@@ -230,7 +230,7 @@ TEST_F(Posting, nobody_leading_a_lap_gives_every_placed_car_the_most_laps_bonus)
     EXPECT_EQ(Season::row(race, team, c3), u"0/0/1/0"_s);
 }
 
-TEST_F(Posting, reposting_gives_the_same_rows_and_the_cascade_stops_at_the_first_no)
+TEST_F(Posting, repostingGivesTheSameRowsAndTheCascadeStopsAtTheFirstNo)
 {
     const int16_t league = s.league(s.method({10, 8, 6}));
     const int16_t team = s.team(league);
@@ -267,7 +267,7 @@ TEST_F(Posting, reposting_gives_the_same_rows_and_the_cascade_stops_at_the_first
     }
 }
 
-TEST_F(Posting, a_late_joiner_gets_zero_lines_for_earlier_races)
+TEST_F(Posting, aLateJoinerGetsZeroLinesForEarlierRaces)
 {
     const int16_t league = s.league(s.method({10}));
     const int16_t early = s.team(league);
@@ -286,7 +286,7 @@ TEST_F(Posting, a_late_joiner_gets_zero_lines_for_earlier_races)
     EXPECT_EQ(summary.wins(Season::leagueRecord(league), early, r2), 2);
 }
 
-TEST_F(Posting, a_league_of_the_other_score_by_carries_all_its_cars)
+TEST_F(Posting, aLeagueOfTheOtherScoreByCarriesAllItsCars)
 {
     const int16_t drivers = s.league(s.method({10}), 1, 0, 1, 2);
     const int16_t team = s.team(drivers);
@@ -299,7 +299,7 @@ TEST_F(Posting, a_league_of_the_other_score_by_carries_all_its_cars)
     EXPECT_EQ(Season::row(race, team, driver), u"0/0/2/999"_s);
 }
 
-TEST_F(Posting, the_script_edits_bonuses_before_points_are_added)
+TEST_F(Posting, theScriptEditsBonusesBeforePointsAreAdded)
 {
     const int16_t league = s.league(s.method({10}));
     const int16_t team = s.team(league);
@@ -375,7 +375,7 @@ TEST_F(Posting, aDataFileWithFortyThousandEarlierResultsStillPosts)
     EXPECT_EQ(Season::summary(race, league, team), u"8@1"_s);
 }
 
-TEST_F(Posting, an_invalid_scoring_option_skips_that_league_only)
+TEST_F(Posting, anInvalidScoringOptionSkipsThatLeagueOnly)
 {
     const int16_t method = s.method({10});
     const int16_t bad = s.league(method, 3);
@@ -393,7 +393,7 @@ TEST_F(Posting, an_invalid_scoring_option_skips_that_league_only)
     EXPECT_EQ(Season::summary(race, good, goodTeam), u"10@1"_s);
 }
 
-TEST_F(Posting, an_overflow_in_a_sum_stops_the_league_with_its_description)
+TEST_F(Posting, anOverflowInASumStopsTheLeagueWithItsDescription)
 {
     const int16_t league = s.league(s.method({10}));
     const int16_t team = s.team(league);

@@ -34,7 +34,7 @@ protected:
     TempApp app;
 };
 
-TEST_F(RaceResults, insert_results_replaces_the_race_and_its_posting_in_one_transaction)
+TEST_F(RaceResults, insertResultsReplacesTheRaceAndItsPostingInOneTransaction)
 {
     addResult(500, 500, 1);
     IDatabase db;
@@ -63,7 +63,7 @@ TEST_F(RaceResults, insert_results_replaces_the_race_and_its_posting_in_one_tran
     EXPECT_EQ(app.presenter().boxes().size(), 1);
 }
 
-TEST_F(RaceResults, validate_data_names_every_repeated_car_and_place)
+TEST_F(RaceResults, validateDataNamesEveryRepeatedCarAndPlace)
 {
     cResultsCollection rows;
     rows.Add(500, 500, 3, 0, 0, 0, 0);
@@ -75,7 +75,7 @@ TEST_F(RaceResults, validate_data_names_every_repeated_car_and_place)
                                    u" Place 3 exists more than once.\n"_s);
 }
 
-TEST_F(RaceResults, lap_leaders_fast_qualifiers_and_places)
+TEST_F(RaceResults, lapLeadersFastQualifiersAndPlaces)
 {
     addResult(501, 500, 1, 2, 0, 30);
     addResult(501, 501, 2, 1, 1, 50);
@@ -95,7 +95,7 @@ TEST_F(RaceResults, lap_leaders_fast_qualifiers_and_places)
     EXPECT_EQ(race.getPlace(505), 0);            // did not run
 }
 
-TEST_F(RaceResults, nobody_leading_a_lap_makes_every_car_a_most_laps_leader)
+TEST_F(RaceResults, nobodyLeadingALapMakesEveryCarAMostLapsLeader)
 {
     addResult(502, 500, 1);
     addResult(502, 501, 2);
@@ -105,7 +105,7 @@ TEST_F(RaceResults, nobody_leading_a_lap_makes_every_car_a_most_laps_leader)
     EXPECT_EQ(empty.loadMostLapsLed(500), 0);    // no rows at all: Null maximum, nothing found
 }
 
-TEST_F(RaceResults, previous_and_current_races_of_a_type)
+TEST_F(RaceResults, previousAndCurrentRacesOfAType)
 {
     addResult(500, 500, 4);
     addResult(501, 500, 2);
@@ -122,7 +122,7 @@ TEST_F(RaceResults, previous_and_current_races_of_a_type)
     EXPECT_EQ(any.currentRaceNmbr(4), 0);
 }
 
-TEST_F(RaceResults, season_counts_take_place_zero_as_a_top_finish)
+TEST_F(RaceResults, seasonCountsTakePlaceZeroAsATopFinish)
 {
     addResult(500, 500, 1, 1);
     addResult(501, 500, 7, 1);
@@ -135,7 +135,7 @@ TEST_F(RaceResults, season_counts_take_place_zero_as_a_top_finish)
     EXPECT_EQ(car.poles(500, 500), 2);
 }
 
-TEST_F(RaceResults, existence_checks_load_everything_once_and_deletes_keep_the_order)
+TEST_F(RaceResults, existenceChecksLoadEverythingOnceAndDeletesKeepTheOrder)
 {
     addResult(500, 501, 1);
     cResultsCollection all;
