@@ -98,6 +98,11 @@ void setStatusText(const QString& text)
     presenter().setStatusText(text);
 }
 
+void setStatusTextFor(const QString& text, int milliseconds)
+{
+    presenter().setStatusTextFor(text, milliseconds);
+}
+
 void setMousePointer(int16_t code)
 {
     presenter().setMousePointer(code);

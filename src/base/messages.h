@@ -30,6 +30,13 @@ public:
     virtual Answer messageBox(const QString& text, const QString& title, Icon icon, Buttons buttons) = 0;
     virtual void beep() = 0;
     virtual void setStatusText(const QString& text) = 0;
+    // A status text that gives way to the idle text after the given time, unless another text
+    // came first. Presenters without a window show it as any other status text.
+    virtual void setStatusTextFor(const QString& text, int milliseconds)
+    {
+        (void)milliseconds;
+        setStatusText(text);
+    }
     virtual void setMousePointer(int16_t code) = 0;
     virtual int16_t mousePointer() const = 0;
     virtual void advanceProgress() = 0;
@@ -62,6 +69,9 @@ void showInfoMessage(const QString& text);
 void showStopMessage(const QString& text);
 
 void setStatusText(const QString& text = QStringLiteral("Status"));
+// How long a passing status text ("Posted " + race name) stands before the idle text returns.
+inline constexpr int kPassingStatusMs = 5000;
+void setStatusTextFor(const QString& text, int milliseconds = kPassingStatusMs);
 void setMousePointer(int16_t code);
 int16_t mousePointer();
 void advanceProgress();

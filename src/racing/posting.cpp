@@ -21,7 +21,8 @@ void postResults(const cRaces& race)
     setMousePointer(kPointerHourglass);
     cResultsCollection allResults;
     allResults.load();
-    if (allResults.raceExists(race.raceNmbr()))
+    const bool posted = allResults.raceExists(race.raceNmbr());
+    if (posted)
         postRace(race);
     else
         clearRacePosting(race);
@@ -41,7 +42,11 @@ void postResults(const cRaces& race)
         }
         clearRacePosting(next);
     }
-    setStatusText();
+    // The operator sees for a while that the post is done, then the idle text.
+    if (posted)
+        setStatusTextFor(u"Posted "_s + race.raceName());
+    else
+        setStatusText();
     setMousePointer(kPointerDefault);
 }
 

@@ -14,7 +14,8 @@ class cRaces;
 
 // The Post Results command: posts the race (or only clears it when it has no results), then
 // offers each later race of its type in date order. From the first No on, every later race
-// loses its posting, so a chain of posted races never keeps a stale link.
+// loses its posting, so a chain of posted races never keeps a stale link. At the end the status
+// bar says "Posted " + race name for a few seconds (the idle text when the race had no results).
 void postResults(const cRaces& race);
 
 // Removes the race's summary rows and then its scored rows, in every league.

@@ -18,7 +18,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLaunched = 42;        // any result of 33 or more is success
+constexpr int kUnknownFailure = 1;   // a result without a text of its own: "Unknown error."
 constexpr int kFileNotFound = 2;
+constexpr int kInvalidPath = 3;
 constexpr int kNoAssociation = 31;
 constexpr int kWaveTimeoutMs = 60000;
 
@@ -96,6 +98,19 @@ QString programPath(const QString& program)
     return QStandardPaths::findExecutable(program);
 }
 
+// The shell's result for the exit status of the desktop's opener.
+int openerResult(int exitCode)
+{
+    switch (exitCode) {
+    case 0: return kLaunched;
+    case 1: return kInvalidPath;       // the opener refused its argument
+    case 2: return kFileNotFound;
+    case 3:                            // no handler for the type
+    case 4: return kNoAssociation;     // the handler for the type could not open it
+    default: return kUnknownFailure;
+    }
+}
+
 } // namespace
 
 QString qtFileFilter(const QString& filter)
@@ -115,6 +130,12 @@ QString qtFileFilter(const QString& filter)
             entries << description + u" ("_s + pattern + u')';
     }
     return entries.join(u";;"_s);
+}
+
+GuiPresenter::GuiPresenter()
+{
+    m_statusReset.setSingleShot(true);
+    QObject::connect(&m_statusReset, &QTimer::timeout, [this] { showStatus(u"Status"_s); });
 }
 
 GuiPresenter::~GuiPresenter()
@@ -158,8 +179,32 @@ void GuiPresenter::beep()
 
 void GuiPresenter::setStatusText(const QString& text)
 {
-    if (m_statusPanel)
-        m_statusPanel->setText(text);
+    m_statusReset.stop();
+    showStatus(text);
+}
+
+void GuiPresenter::setStatusTextFor(const QString& text, int milliseconds)
+{
+    showStatus(text);
+    m_statusReset.start(milliseconds);
+}
+
+void GuiPresenter::showStatus(const QString& text)
+{
+    if (!m_statusPanel)
+        return;
+    m_statusPanel->setText(text);
+    m_statusPanel->repaint();
+}
+
+void GuiPresenter::setProgressBar(QProgressBar* bar)
+{
+    m_progressBar = bar;
+    if (!bar)
+        return;
+    // The screen has just shown the bar; its place in the layout is given by a posted request.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    bar->repaint();
 }
 
 void GuiPresenter::setMousePointer(int16_t code)
@@ -186,6 +231,7 @@ void GuiPresenter::advanceProgress()
         m_progressBar->setValue(1);
     else
         m_progressBar->setValue(m_progressBar->value() + 1);
+    m_progressBar->repaint();
 }
 
 int GuiPresenter::launch(const QString& target)
@@ -204,7 +250,29 @@ int GuiPresenter::launch(const QString& target)
             return kFileNotFound;
         url = QUrl::fromLocalFile(QFileInfo(address).absoluteFilePath());
     }
-    return QDesktopServices::openUrl(url) ? kLaunched : kNoAssociation;
+    const QString opener = programPath(m_opener);
+    if (opener.isEmpty())
+        return QDesktopServices::openUrl(url) ? kLaunched : kNoAssociation;
+
+    // The opener's exit status says whether a handler took the file: its start alone does not.
+    auto* process = new QProcess;
+    process->setStandardOutputFile(QProcess::nullDevice());
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->start(opener, {url.isLocalFile() && !url.hasFragment() ? url.toLocalFile() : url.toString()});
+    if (!process->waitForStarted()) {
+        delete process;
+        return kUnknownFailure;
+    }
+    if (!process->waitForFinished(m_openerPatienceMs)) {
+        // Still running: it runs the handler itself. It is left to end by itself, unowned, so
+        // that the end of the program does not end the handler.
+        QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+        return kLaunched;
+    }
+    const int result = process->exitStatus() == QProcess::NormalExit ? openerResult(process->exitCode())
+                                                                       : kUnknownFailure;
+    delete process;
+    return result;
 }
 
 int GuiPresenter::runProgram(const QString& program, const QStringList& arguments)

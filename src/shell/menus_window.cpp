@@ -21,6 +21,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 
 using namespace Qt::StringLiterals;
 
@@ -403,24 +405,42 @@ void frmMain::deleteRecord(RecordKind kind)
 
 // ---------------------------------------------------------------- commands of other screens
 
-void frmMain::requestReport(const QString&)
+namespace {
+
+// What a command whose screen is not in this version says instead of doing nothing.
+void notAvailableYet(const QString& feature)
 {
-    // frmReportRqst for the node's report comes with the report request screen
+    messageBox(feature + u" is not available yet."_s, u"Lapkeeper"_s, Icon::Information);
+}
+
+} // namespace
+
+void frmMain::requestReport(const QString& tag)
+{
+    // The report request screen is not in this version: the node names its report.
+    QString report = tag;
+    for (QTreeWidgetItemIterator it(m_tree); *it; ++it) {
+        if (nodeTag(*it).compare(tag, Qt::CaseInsensitive) == 0) {
+            report = (*it)->text(0);
+            break;
+        }
+    }
+    notAvailableYet(u"The "_s + report + u" report"_s);
 }
 
 void frmMain::showImport()
 {
-    // the import of .lki files comes with the import screen
+    notAvailableYet(u"Import"_s);
 }
 
 void frmMain::showPublishWeb()
 {
-    // frmPublishWeb comes with the publishing screen
+    notAvailableYet(u"Publish Web"_s);
 }
 
 void frmMain::showReportDetails()
 {
-    // frmReportDetails comes with the report details screen
+    notAvailableYet(u"Report Details"_s);
 }
 
 void frmMain::showRaceTypes()

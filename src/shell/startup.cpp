@@ -21,17 +21,39 @@ QString cInstanceGuard::lockFilePath()
     return applicationFolder() + QStringLiteral("/.lapkeeper.lock");
 }
 
+namespace {
+
+// The run-time error of a folder that cannot be made or written, naming it.
+cRuntimeError folderError(const QString& folder)
+{
+    return cRuntimeError(75, QStringLiteral("Path/File access error\n\n") + QDir::toNativeSeparators(folder));
+}
+
+// Makes the folder if it is not there; one that cannot be made or written is the run-time error.
+void makeFolder(const QString& folder)
+{
+    if (!QDir().mkpath(folder) || !QFileInfo(folder).isWritable())
+        throw folderError(folder);
+}
+
+} // namespace
+
 bool cInstanceGuard::acquire()
 {
     if (isHeld())
         return true;
     // The guard runs before the folders are made: on a first start the folder is new.
-    QDir().mkpath(applicationFolder());
+    makeFolder(applicationFolder());
     auto lock = std::make_unique<QLockFile>(lockFilePath());
     // A lock is stale only when its process is gone, never by its age: a run lasts for hours.
     lock->setStaleLockTime(0);
-    if (!lock->tryLock(0))
-        return false;
+    if (!lock->tryLock(0)) {
+        // Only a lock held by a running copy refuses the start; a lock file that cannot be
+        // written at all is a folder the program cannot use.
+        if (lock->error() == QLockFile::LockFailedError)
+            return false;
+        throw folderError(applicationFolder());
+    }
     m_lock = std::move(lock);
     return true;
 }
@@ -43,10 +65,13 @@ bool cInstanceGuard::isHeld() const
 
 void prepareApplicationFolder()
 {
-    QDir().mkpath(applicationFolder());
+    makeFolder(applicationFolder());
     QDir::setCurrent(applicationFolder());
-    if (!makeApplicationFolders())
-        throw cRuntimeError(75, QStringLiteral("Path/File access error"));
+    if (makeApplicationFolders())
+        return;
+    for (const QString& folder : {gReportsPath, gBackupsPath, gImportsPath})
+        makeFolder(folder);
+    throw folderError(applicationFolder());
 }
 
 bool openOrCreateDatabase()

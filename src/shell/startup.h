@@ -15,7 +15,10 @@ public:
     cInstanceGuard(const cInstanceGuard&) = delete;
     cInstanceGuard& operator=(const cInstanceGuard&) = delete;
 
-    // True when this is the only running copy; the lock is then held until destruction.
+    // True when this is the only running copy; the lock is then held until destruction. False
+    // only when a running copy holds the lock. An application folder that cannot be made, or
+    // where the lock file cannot be written, is the run-time error "Path/File access error"
+    // followed by the folder.
     bool acquire();
     bool isHeld() const;
 
@@ -27,7 +30,7 @@ private:
 
 // Makes the application folder the working directory and forms and creates the Reports,
 // Backups and Imports folders. A folder that cannot be made is the run-time error
-// "Path/File access error".
+// "Path/File access error", followed by the folder.
 void prepareApplicationFolder();
 
 // Opens the data file of the application folder as gConnection. A missing data file is first

@@ -371,6 +371,9 @@ TEST_F(Posting, aDataFileWithFortyThousandEarlierResultsStillPosts)
 
     postResults(Season::raceRecord(race));
     EXPECT_EQ(app.presenter().boxTexts(), QStringList());
+    // The status bar tells what runs and, at the end, that it is done.
+    EXPECT_EQ(app.presenter().statusTexts(),
+              (QStringList{u"Posting Results Race %1"_s.arg(race), u"Posted Race %1"_s.arg(race)}));
     EXPECT_EQ(Season::row(race, team, car), u"8/8/1/2"_s);
     EXPECT_EQ(Season::summary(race, league, team), u"8@1"_s);
 }

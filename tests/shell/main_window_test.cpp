@@ -365,4 +365,24 @@ TEST_F(MainWindowTest, windowMenuListsTheOpenPanesAndTilesThem)
     EXPECT_EQ(children[1]->y(), viewport.height() / 2);
 }
 
+TEST_F(MainWindowTest, commandsWithoutTheirScreenSayTheyAreNotAvailableYet)
+{
+    QTreeWidgetItem* reporting = m_window->nodeByKey(u"Reporting"_s);
+    reporting->setExpanded(true);
+    QStringList expected;
+    for (int i = 0; i < reporting->childCount(); ++i) {
+        QTreeWidgetItem* node = reporting->child(i);
+        m_tree->scrollToItem(node);
+        QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier, m_tree->visualItemRect(node).center());
+        expected << u"Lapkeeper [Information/Ok] The "_s + node->text(0) + u" report is not available yet."_s;
+    }
+    for (const QString& name : {u"mnuFileImport"_s, u"mnuFilePublishWeb"_s, u"mnuReportReportDetails"_s})
+        action(name)->trigger();
+    expected << u"Lapkeeper [Information/Ok] Import is not available yet."_s
+             << u"Lapkeeper [Information/Ok] Publish Web is not available yet."_s
+             << u"Lapkeeper [Information/Ok] Report Details is not available yet."_s;
+    EXPECT_EQ(shownBoxes(boxes()), expected);
+    EXPECT_EQ(expected.size(), 16);
+}
+
 #include "main_window_test.moc"

@@ -131,6 +131,35 @@ TEST_F(StartupTest, aLockLeftByAProgramThatDiedIsTakenOver)
     EXPECT_FALSE(second.acquire());
 }
 
+TEST_F(StartupTest, aFolderThatCannotBeMadeOrWrittenEndsTheStartNamingItNotAsASecondCopy)
+{
+    // A file where the folder should be, a file where one sub-folder should be, and a folder
+    // in which no file can be made.
+    QFile blocker(app());
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    const QString inside = m_dir.path() + u"/Other"_s;
+    const QStringList folders = {app(), inside + u"/Backups"_s, u"/proc"_s};
+    QStringList expected;
+    for (const QString& folder : folders) {
+        if (folder.startsWith(inside)) {
+            setApplicationFolder(inside);
+            ASSERT_TRUE(QDir().mkpath(inside));
+            QFile file(folder);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        } else {
+            setApplicationFolder(folder);
+        }
+        frmMain window;
+        window.setStartScreensShown(false);
+        EXPECT_FALSE(runTrapped([&] { return window.load(); })) << qPrintable(folder);
+        EXPECT_FALSE(window.isStarted());
+        expected << u"Lapkeeper [Critical/Ok] Path/File access error\n\n"_s + folder;
+    }
+    EXPECT_EQ(shownBoxes(m_presenter), expected);
+    EXPECT_FALSE(QFileInfo::exists(settingsFilePath()));
+}
+
 TEST_F(StartupTest, theEndWritesTheSettingsAndACompactBackupThatOpens)
 {
     {
