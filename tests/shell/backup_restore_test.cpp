@@ -32,7 +32,7 @@ QStringList datedCopies(const QString& kind = u"lapkeeper30-2"_s)
     return names;
 }
 
-TEST(Backup, writes_a_compacted_copy_and_reopens_the_data_file)
+TEST(Backup, writesACompactedCopyAndReopensTheDataFile)
 {
     TempApp app;
     addTeam(500, u"Before"_s);
@@ -58,7 +58,7 @@ TEST(Backup, writes_a_compacted_copy_and_reopens_the_data_file)
     EXPECT_TRUE(app.presenter().boxes().isEmpty());
 }
 
-TEST(Backup, cancel_leaves_everything_as_it_was)
+TEST(Backup, cancelLeavesEverythingAsItWas)
 {
     TempApp app;
     app.presenter().queueFile(std::nullopt);
@@ -152,7 +152,7 @@ TEST(Backup, elevenAutomaticBackupsKeepTheNewestTenDatedCopiesBesideTheNewest)
     EXPECT_TRUE(app.presenter().boxes().isEmpty());
 }
 
-TEST(Restore, brings_back_the_rows_of_a_backup)
+TEST(Restore, bringsBackTheRowsOfABackupAndKeepsTheReplacedFile)
 {
     TempApp app;
     addTeam(500, u"Kept"_s);
