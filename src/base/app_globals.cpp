@@ -1,9 +1,17 @@
 #include "base/app_globals.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QFile>
 #include <QStandardPaths>
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 QString gReportsPath;
 QString gBackupsPath;
@@ -49,8 +57,39 @@ bool makeApplicationFolders()
     gBackupsPath = applicationFolder() + u'/' + kBackupsFolder;
     gImportsPath = applicationFolder() + u'/' + kImportsFolder;
     for (const QString& path : {gReportsPath, gBackupsPath, gImportsPath}) {
-        if (!QDir().mkpath(path))
+        if (!makePrivateFolder(path))
             return false;
     }
     return true;
+}
+
+bool makePrivateFolder(const QString& path)
+{
+    const QFileInfo info(path);
+    if (info.isDir())
+        return true;
+    if (!QDir().mkpath(info.absolutePath()))
+        return false;
+    const QByteArray name = QFile::encodeName(path);
+    if (::mkdir(name.constData(), S_IRWXU) != 0)
+        return errno == EEXIST && QFileInfo(path).isDir();
+    // The mask of the process may only take bits away; set the mode whole.
+    ::chmod(name.constData(), S_IRWXU);
+    return true;
+}
+
+void writeRunLog(const QString& text)
+{
+    const QString line = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss ")) + text;
+    std::fprintf(stderr, "%s\n", qPrintable(line));
+    if (applicationFolder().isEmpty())
+        return;
+    const QByteArray name = QFile::encodeName(applicationFolder() + QStringLiteral("/lapkeeper.log"));
+    const int fd = ::open(name.constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (fd < 0)
+        return;
+    const QByteArray bytes = line.toUtf8() + '\n';
+    const ssize_t written = ::write(fd, bytes.constData(), static_cast<size_t>(bytes.size()));
+    (void)written;   // a log that cannot be written has nowhere else to go
+    ::close(fd);
 }

@@ -40,3 +40,11 @@ extern int32_t gLastBoxResult; // result of the last box of the shared message r
 // Forms the three sub-folder paths from the application folder and creates missing folders.
 // Returns false when a folder cannot be made.
 bool makeApplicationFolders();
+
+// Creates a folder with its missing parents. The folder itself, when made here, is readable
+// only by the owner (0700); a folder that is already there keeps its mode.
+bool makePrivateFolder(const QString& path);
+
+// Appends a dated line to lapkeeper.log in the application folder (readable by the owner only)
+// and to stderr: for failures that the program does not show, such as the automatic backup's.
+void writeRunLog(const QString& text);

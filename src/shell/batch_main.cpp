@@ -9,7 +9,9 @@
 #include "racing/scoring_points.h"
 #include "racing/standings.h"
 #include "shell/console_presenter.h"
+#include "base/messages.h"
 #include "store/connection.h"
+#include "store/maintenance.h"
 #include "store/schema.h"
 
 #include <QCoreApplication>
@@ -35,7 +37,11 @@ const char* const kUsageText =
     "  clear-posting RACE_NMBR       delete what posting wrote for one race\n"
     "  clear-season                  delete the postings of every race\n"
     "  standings LEAGUE_NMBR RACE_NMBR\n"
-    "                                the league's table after the race: place, team, name, points\n";
+    "                                the league's table after the race: place, team, name, points\n"
+    "  backup [FILE]                 a checked, compacted copy of the data file at FILE; without FILE\n"
+    "                                the automatic backup (Backups/lapkeeper30.lk and a dated copy)\n"
+    "  restore FILE                  put a checked copy of FILE in the data file's place; the current\n"
+    "                                data file is kept in Backups/ first\n";
 
 int usage(const QString& problem = {})
 {
@@ -60,6 +66,12 @@ int runInit()
     if (QFileInfo::exists(dataFilePath())) {
         std::printf("%s already exists\n", qPrintable(dataFilePath()));
         return kOk;
+    }
+    // A data file that went missing is restored, never replaced by an empty one.
+    if (const QString backup = newestBackup(); !backup.isEmpty()) {
+        std::fprintf(stderr, "lapkeeper-batch: %s is missing but there are backups; restore one instead (newest: %s)\n",
+                     qPrintable(dataFilePath()), qPrintable(backup));
+        return kFailed;
     }
     QString error;
     if (!createDataFile(dataFilePath(), error)) {
@@ -120,9 +132,36 @@ int runStandings(int16_t leagueNmbr, int16_t raceNmbr)
     return kOk;
 }
 
+int runBackup(const QStringList& args)
+{
+    QString failure;
+    const bool written = args.size() == 2 ? backupDatabase(QFileInfo(args[1]).absoluteFilePath(), failure)
+                                          : automaticBackup(failure);
+    if (written)
+        return kOk;
+    messageBox(failure, u"Lapkeeper"_s, Icon::Critical);
+    return kFailed;
+}
+
+int runRestore(const QString& file)
+{
+    QString failure;
+    if (!restoreDataFile(QFileInfo(file).absoluteFilePath(), failure)) {
+        messageBox(failure, u"Lapkeeper"_s, Icon::Critical);
+        return kFailed;
+    }
+    // The reopen shows its own message when it fails.
+    return gConnection->connectionStatus() == 0 ? kOk : kFailed;
+}
+
 int runCommand(const QStringList& args, const ConsolePresenter& console)
 {
     const QString command = args.value(0);
+    if (command == u"backup") {
+        if (args.size() > 2)
+            return usage(u"backup takes at most one file"_s);
+        return runBackup(args);
+    }
     if (command == u"sql") {
         if (args.size() != 2)
             return usage(u"sql takes one statement"_s);
@@ -191,8 +230,17 @@ int main(int argc, char* argv[])
     }
     if (args[0] == u"init")
         return args.size() == 1 ? runInit() : usage();
+    // A restore is also what brings back a data file that has gone missing.
+    if (args[0] == u"restore") {
+        if (args.size() != 2)
+            return usage(u"restore takes one file"_s);
+        const int status = runRestore(args[1]);
+        if (gConnection)
+            gConnection->CloseConnection();
+        return status;
+    }
     if (!QFileInfo::exists(dataFilePath())) {
-        std::fprintf(stderr, "lapkeeper-batch: no data file at %s (run init first)\n", qPrintable(dataFilePath()));
+        std::fprintf(stderr, "lapkeeper-batch: no data file at %s (run init, or restore a backup)\n", qPrintable(dataFilePath()));
         return kFailed;
     }
     if (!openDatabase())

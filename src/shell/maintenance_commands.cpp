@@ -26,8 +26,11 @@ void backupDataFileCommand()
         if (!file)
             return;
         setMousePointer(kPointerHourglass);
-        backupDatabase(*file);
+        QString failure;
+        const bool written = backupDatabase(*file, failure);
         setMousePointer(kPointerDefault);
+        if (!written)
+            messageBox(failure, QStringLiteral("Lapkeeper"), Icon::Critical);
     } catch (...) {
         // Any failure ends the command silently, as a cancel does.
     }
@@ -41,10 +44,12 @@ void restoreDataFileCommand()
         if (!file)
             return;
         setMousePointer(kPointerHourglass);
-        // A failed copy leaves the connection closed and the hourglass up until the pointer
-        // next moves over the main window.
-        if (restoreDataFile(*file))
-            setMousePointer(kPointerDefault);
+        // A file that is refused leaves the data file as it was, and open.
+        QString failure;
+        const bool restored = restoreDataFile(*file, failure);
+        setMousePointer(kPointerDefault);
+        if (!restored)
+            messageBox(failure, QStringLiteral("Lapkeeper"), Icon::Critical);
     } catch (...) {
     }
 }

@@ -7,6 +7,7 @@
 #include "store/maintenance.h"
 #include "store/schema.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
@@ -29,10 +30,11 @@ cRuntimeError folderError(const QString& folder)
     return cRuntimeError(75, QStringLiteral("Path/File access error\n\n") + QDir::toNativeSeparators(folder));
 }
 
-// Makes the folder if it is not there; one that cannot be made or written is the run-time error.
+// Makes the folder, private to the user, if it is not there; one that cannot be made or written
+// is the run-time error.
 void makeFolder(const QString& folder)
 {
-    if (!QDir().mkpath(folder) || !QFileInfo(folder).isWritable())
+    if (!makePrivateFolder(folder) || !QFileInfo(folder).isWritable())
         throw folderError(folder);
 }
 
@@ -74,11 +76,35 @@ void prepareApplicationFolder()
     throw folderError(applicationFolder());
 }
 
+namespace {
+
+// Asks whether to restore the newest backup in place of a missing data file, and does so on Yes.
+// A refused backup says why; the caller's open then shows the missing file's two messages.
+void offerRestore(const QString& backup)
+{
+    const QFileInfo info(backup);
+    const QString question =
+        QStringLiteral("The data file %1 is missing.\n\nDo you want to restore the newest backup, %2 of %3?")
+            .arg(QDir::toNativeSeparators(dataFilePath()), info.fileName(),
+                 info.lastModified().toString(QStringLiteral("yyyy-MM-dd HH:mm")));
+    if (messageBox(question, QStringLiteral("Lapkeeper"), Icon::Question, Buttons::YesNo) != Answer::Yes)
+        return;
+    QString failure;
+    if (!restoreDataFile(backup, failure))
+        messageBox(failure, QStringLiteral("Lapkeeper"), Icon::Critical);
+}
+
+} // namespace
+
 bool openOrCreateDatabase()
 {
+    // A new data file is made only on a true first run: no data file and no backup. A data
+    // file that has gone missing since is never silently replaced by an empty one.
     if (!QFileInfo::exists(dataFilePath())) {
         QString error;
-        if (!createDataFile(dataFilePath(), error)) {
+        if (const QString backup = newestBackup(); !backup.isEmpty()) {
+            offerRestore(backup);
+        } else if (!createDataFile(dataFilePath(), error)) {
             messageBox(error, QStringLiteral("Lapkeeper"), Icon::Critical);
             messageBox(QStringLiteral("Unable to connect to Database"), QStringLiteral("Lapkeeper"), Icon::Critical);
             return false;
@@ -91,7 +117,10 @@ void finishRun()
 {
     showHelp(QStringLiteral("Quit"));
     saveSettings();
-    backupDatabase(gBackupsPath + u'/' + kDataFileName);
+    // The automatic backup shows nothing; a failure is logged and the earlier backup stays.
+    QString failure;
+    if (!automaticBackup(failure))
+        writeRunLog(QStringLiteral("automatic backup: ") + failure);
     if (gConnection)
         gConnection->CloseConnection();
 }

@@ -33,13 +33,16 @@ private:
 // "Path/File access error", followed by the folder.
 void prepareApplicationFolder();
 
-// Opens the data file of the application folder as gConnection. A missing data file is first
-// created with the schema and the delivered rows. On failure the engine's description and
-// "Unable to connect to Database" have been shown, and the result is false.
+// Opens the data file of the application folder as gConnection. On a first run (no data file
+// and no backup) the data file is created with the schema and the delivered rows. A data file
+// missing on a later run is never created anew: the operator is asked whether to restore the
+// newest backup. On failure (also on No) the engine's description and "Unable to connect to
+// Database" have been shown, nothing has been written, and the result is false.
 bool openOrCreateDatabase();
 
 // The last four steps of a normal end: help told to quit, settings written, the automatic
-// compact backup into the backups folder, the connection closed.
+// backup (automaticBackup: Backups/lapkeeper30.lk and a dated copy; a failure goes to the log
+// only), the connection closed.
 void finishRun();
 
 // Window positions are kept in twips, 1440 to the inch.

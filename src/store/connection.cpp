@@ -4,6 +4,7 @@
 #include "base/messages.h"
 #include "base/runtime_error.h"
 #include "store/jet_dialect.h"
+#include "store/safe_files.h"
 #include "store/schema.h"
 #include "store/statement_shape.h"
 
@@ -12,6 +13,7 @@
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 std::unique_ptr<cConnection> gConnection;
 
@@ -51,6 +53,54 @@ cVariant columnValue(sqlite3_stmt* stmt, int column)
     }
 }
 
+// The description given for text that follows the one statement of an execute or OpenResultSet.
+const QString kTrailingTextDescription = QStringLiteral("Characters found after end of SQL statement.");
+
+// Prepares the first statement of sql and makes sure that nothing but blanks, comments and
+// semicolons follows it (text the engine cannot parse counts as more). False with the engine's
+// description, or with kTrailingTextDescription; stmt is null for text without a statement.
+bool prepareOne(sqlite3* db, const QByteArray& sql, sqlite3_stmt*& stmt, QString& error)
+{
+    stmt = nullptr;
+    const char* tail = nullptr;
+    if (sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()), &stmt, &tail) != SQLITE_OK) {
+        error = engineMessage(db);
+        sqlite3_finalize(stmt);
+        stmt = nullptr;
+        return false;
+    }
+    if (!stmt)
+        return true;
+    sqlite3_stmt* next = nullptr;
+    const int rest = static_cast<int>(sql.constData() + sql.size() - tail);
+    const int rc = sqlite3_prepare_v2(db, tail, rest, &next, nullptr);
+    const bool alone = rc == SQLITE_OK && !next;
+    sqlite3_finalize(next);
+    if (!alone) {
+        sqlite3_finalize(stmt);
+        stmt = nullptr;
+        error = kTrailingTextDescription;
+    }
+    return alone;
+}
+
+// Runs exactly one statement to its end; false with the engine's description.
+bool runOne(sqlite3* db, const QByteArray& sql, QString& error)
+{
+    sqlite3_stmt* stmt = nullptr;
+    if (!prepareOne(db, sql, stmt, error))
+        return false;
+    if (!stmt)
+        return true;   // blanks and comments only
+    int rc = SQLITE_ROW;
+    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+    }
+    if (rc != SQLITE_DONE)
+        error = engineMessage(db);
+    sqlite3_finalize(stmt);
+    return rc == SQLITE_DONE;
+}
+
 QString quoted(const QString& text)
 {
     QString t = text;
@@ -81,6 +131,49 @@ sqlite3* openKeyed(const QString& path, bool create, QString& error)
     return nullptr;
 }
 
+namespace {
+
+// Compares the number of rows of every table of the data file with the attached copy, so that a
+// copy that stopped part-way is never taken for a whole one.
+bool sameRowCounts(sqlite3* db, QString& error)
+{
+    sqlite3_stmt* tables = nullptr;
+    if (sqlite3_prepare_v2(db, "SELECT name FROM main.sqlite_master WHERE type = 'table'", -1, &tables, nullptr) !=
+        SQLITE_OK) {
+        error = engineMessage(db);
+        sqlite3_finalize(tables);
+        return false;
+    }
+    QStringList names;
+    while (sqlite3_step(tables) == SQLITE_ROW)
+        names << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(tables, 0)));
+    sqlite3_finalize(tables);
+    for (const QString& name : std::as_const(names)) {
+        QString table = name;
+        table.replace(u'"', QStringLiteral("\"\""));
+        const QByteArray sql = (QStringLiteral("SELECT (SELECT count(*) FROM main.\"%1\") = "
+                                               "(SELECT count(*) FROM backup_copy.\"%1\")")
+                                    .arg(table))
+                                   .toUtf8();
+        sqlite3_stmt* stmt = nullptr;
+        bool same = false;
+        if (sqlite3_prepare_v2(db, sql.constData(), -1, &stmt, nullptr) == SQLITE_OK &&
+            sqlite3_step(stmt) == SQLITE_ROW)
+            same = sqlite3_column_int(stmt, 0) == 1;
+        else
+            error = engineMessage(db);
+        sqlite3_finalize(stmt);
+        if (!same) {
+            if (error.isEmpty())
+                error = QStringLiteral("the copy of table %1 is incomplete").arg(name);
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
 bool exportCopy(const QString& source, const QString& destination, QString& error)
 {
     // The attached copy is opened with the main file's flags, so the main file is opened with
@@ -97,11 +190,64 @@ bool exportCopy(const QString& source, const QString& destination, QString& erro
                                QStringLiteral(" AS backup_copy KEY ") + quoted(kDataFilePassword) + u';')
                                   .toUtf8();
     const QByteArray version = QStringLiteral("PRAGMA backup_copy.user_version = %1;").arg(kSchemaVersion).toUtf8();
+    // The copy is flushed to disk as a whole by its caller, and thrown away on any failure:
+    // no per-table syncs and no journal file for it.
     const bool ok = exec(db, attach.constData(), &error) &&
+                    exec(db, "PRAGMA backup_copy.synchronous = OFF;", &error) &&
+                    exec(db, "PRAGMA backup_copy.journal_mode = MEMORY;", &error) &&
                     exec(db, "SELECT sqlcipher_export('backup_copy');", &error) &&
-                    exec(db, version.constData(), &error) && exec(db, "DETACH DATABASE backup_copy;", &error);
+                    exec(db, version.constData(), &error) && sameRowCounts(db, error) &&
+                    exec(db, "DETACH DATABASE backup_copy;", &error);
     sqlite3_close_v2(db);
     return ok;
+}
+
+bool verifyDataFile(const QString& path, QString& error)
+{
+    if (!QFileInfo(path).isFile()) {
+        error = QStringLiteral("unable to open database file");
+        return false;
+    }
+    sqlite3* db = openKeyed(path, false, error);
+    if (!db)
+        return false;
+    bool ok = false;
+    sqlite3_stmt* check = nullptr;
+    if (sqlite3_prepare_v2(db, "PRAGMA integrity_check;", -1, &check, nullptr) != SQLITE_OK) {
+        error = engineMessage(db);
+    } else {
+        const int rc = sqlite3_step(check);
+        if (rc == SQLITE_ROW &&
+            qstrcmp(reinterpret_cast<const char*>(sqlite3_column_text(check, 0)), "ok") == 0)
+            ok = true;
+        else if (rc == SQLITE_ROW)
+            error = QString::fromUtf8(sqlite3_errstr(SQLITE_CORRUPT));   // the check found damage
+        else
+            error = engineMessage(db);
+    }
+    sqlite3_finalize(check);
+    ok = ok && verifySchema(db, error);
+    sqlite3_close_v2(db);
+    return ok;
+}
+
+bool writeCompactCopy(const QString& source, const QString& destination, QString& error)
+{
+    if (sameFile(destination, dataFilePath()) || sameFile(destination, source)) {
+        error = kBackupOverDataFile;
+        return false;
+    }
+    QString temporary;
+    if (!makeTemporaryFile(QFileInfo(destination).absolutePath(),
+                           u'.' + QFileInfo(destination).fileName(), temporary, error))
+        return false;
+    // The old file at the destination is touched only by the final rename, and only when the
+    // copy is complete, opens with the key, passes the engine's integrity check and is on disk.
+    if (exportCopy(source, temporary, error) && verifyDataFile(temporary, error) && flushFile(temporary, error) &&
+        renameOver(temporary, destination, error))
+        return true;
+    removeTemporary(temporary);
+    return false;
 }
 
 bool runScript(sqlite3* db, const QString& script, QString& error)
@@ -340,9 +486,11 @@ bool IDatabase::OpenResultSet(const QString& statement)
         }
     }
     if (db && !read && rows.empty()) {
+        // One statement at a time: text after it is refused, never run or silently dropped.
+        // (A shape holds one statement by construction.)
         sqlite3_stmt* stmt = nullptr;
-        if (sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()), &stmt, nullptr) == SQLITE_OK &&
-            stmt) {
+        const bool prepared = prepareOne(db, sql, stmt, error);
+        if (prepared && stmt) {
             QStringList columns;
             QHash<QString, int> index;
             indexColumns(stmt, columns, index);
@@ -351,8 +499,8 @@ bool IDatabase::OpenResultSet(const QString& statement)
                 m_columns = std::move(columns);
                 m_index = std::move(index);
             }
-        } else {
-            error = engineMessage(db);
+        } else if (prepared) {
+            error = engineMessage(db);   // no statement in the text
         }
         sqlite3_finalize(stmt);
     }
@@ -379,12 +527,14 @@ bool IDatabase::execute(const QString& statement)
     } else if (db) {
         const QByteArray utf8 = sql.toUtf8();
         StatementShape shape;
+        // A shape holds one statement by construction; anything else is checked before it runs
+        // (runOne), so a second statement in the text (a crafted value, say) never reaches the engine.
         if (shapeStatement(utf8, shape) && !shape.isQuery && gConnection->runShaped(shape, error))
             return true;
         // A statement the shape cannot take, or that failed, runs as written, so a failure
         // reports the engine's words about the statement itself.
         error.clear();
-        if (exec(db, utf8.constData(), &error))
+        if (runOne(db, utf8, error))
             return true;
     }
     messageBox(QStringLiteral("Error = ") + error + QStringLiteral(" SQL = ") + statement, QStringLiteral("Lapkeeper"),
@@ -445,11 +595,14 @@ int32_t IDatabase::recordCount() const
     return checkedNarrow<int32_t>(static_cast<int64_t>(m_reached));
 }
 
-void IDatabase::compactDatabaseNow(QString& destination)
+bool IDatabase::compactDatabaseNow(QString& destination, QString* failure)
 {
     if (destination.isEmpty())
         destination = applicationFolder() + u'/' + kBackupsFolder + u'/' + kDataFileName;
-    QFile::remove(destination);
-    QString ignored;
-    store::exportCopy(dataFilePath(), destination, ignored);
+    QString error;
+    if (store::writeCompactCopy(dataFilePath(), destination, error))
+        return true;
+    if (failure)
+        *failure = error;
+    return false;
 }

@@ -83,8 +83,11 @@ public:
     const cVariant& fields(const QString& name) const;
 
     // Runs a SELECT; on an engine error shows "Error = <description>SQL = <statement>".
+    // Exactly one statement: text after it (other than blanks, comments and ";") is refused
+    // with "Characters found after end of SQL statement." and nothing runs.
     bool OpenResultSet(const QString& statement);
     // Runs an action statement; on an engine error shows "Error = <description> SQL = <statement>".
+    // Exactly one statement, as for OpenResultSet; only store::runScript runs several.
     bool execute(const QString& statement);
 
     void MoveFirst();
@@ -98,9 +101,11 @@ public:
     int16_t eof() const { return m_eof; }
     void setEof(int16_t value) { m_eof = value; }
 
-    // Deletes the destination and writes a compacted, encrypted copy of the (closed) data file
-    // there; all errors are ignored. An empty destination means the backups folder.
-    void compactDatabaseNow(QString& destination);
+    // Writes a compacted, encrypted copy of the (closed) data file at destination, through a
+    // temporary file beside it that replaces the old file only once it is complete and checked
+    // (store::writeCompactCopy). Shows nothing; false with the reason in failure, and the old
+    // file at the destination as it was. An empty destination means the backups folder.
+    bool compactDatabaseNow(QString& destination, QString* failure = nullptr);
     // Rows reached so far (32-bit; more rows than that is "Overflow").
     int32_t recordCount() const;
 
@@ -125,8 +130,22 @@ namespace store {
 // Opens a data file with the program's key and cipher settings; returns the engine's
 // description on failure (and a closed handle).
 sqlite3* openKeyed(const QString& path, bool create, QString& error);
-// Writes a compacted, encrypted copy of the file at source to destination.
+// Writes a compacted, encrypted copy of the file at source to destination (an empty or new
+// file) and checks that every table has as many rows as the source. The copy is not flushed to
+// disk: writeCompactCopy does that once, as a whole.
 bool exportCopy(const QString& source, const QString& destination, QString& error);
-// Runs a script of several statements; returns the engine's description on failure.
+// True when the file at path opens with the program's key, passes the engine's integrity
+// check and holds every table and column of the schema; else the engine's description.
+bool verifyDataFile(const QString& path, QString& error);
+// exportCopy into a private temporary file beside destination, verifyDataFile, flush, then one
+// rename over destination. Refuses the data file itself, however spelled, with
+// kBackupOverDataFile. On failure the old destination is untouched and no temporary file stays.
+bool writeCompactCopy(const QString& source, const QString& destination, QString& error);
+// Runs a script of several statements; returns the engine's description on failure. The one
+// way to run more than one statement at a time.
 bool runScript(sqlite3* db, const QString& script, QString& error);
 }
+
+// The refusal of a backup whose target is the data file itself.
+inline const QString kBackupOverDataFile =
+    QStringLiteral("A backup cannot be written over the data file itself. Choose another file.");

@@ -1,6 +1,7 @@
 #define SQLITE_HAS_CODEC 1
 #include "store/schema.h"
 #include "store/connection.h"
+#include "store/safe_files.h"
 
 #include <sqlite3.h>
 
@@ -67,9 +68,15 @@ QString seedScript()
 
 bool createDataFile(const QString& path, QString& error)
 {
-    sqlite3* db = store::openKeyed(path, true, error);
-    if (!db)
+    // The file is made private to the owner before the engine fills it; an existing file is
+    // never taken over.
+    if (!store::createPrivateFile(path, error))
         return false;
+    sqlite3* db = store::openKeyed(path, true, error);
+    if (!db) {
+        QFile::remove(path);
+        return false;
+    }
     const QString script = QStringLiteral("BEGIN;\n") + schemaScript() + u'\n' + seedScript() +
                            QStringLiteral("\nPRAGMA user_version = %1;\nCOMMIT;\n").arg(kSchemaVersion);
     const bool ok = store::runScript(db, script, error);

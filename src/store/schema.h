@@ -10,8 +10,9 @@ inline constexpr int kSchemaVersion = 30;
 QString schemaScript();
 QString seedScript();
 
-// Creates a new, encrypted data file at path with the schema and the delivered rows.
-// Returns false with the engine's description when it cannot.
+// Creates a new, encrypted data file at path (which must not exist) with the schema and the
+// delivered rows, readable and writable by the owner only. Returns false with the engine's (or
+// the system's) description when it cannot, and leaves no file behind.
 bool createDataFile(const QString& path, QString& error);
 
 // Checks that every table and column of the schema is present in an open data file;

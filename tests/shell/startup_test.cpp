@@ -5,6 +5,7 @@
 #include "shell/startup.h"
 #include "store/connection.h"
 #include "store/schema.h"
+#include "support/data_files.h"
 
 #include <sqlite3.h>
 
@@ -12,6 +13,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolBar>
@@ -73,6 +75,10 @@ TEST_F(StartupTest, firstStartMakesTheFoldersAndTheDataFileAndShowsTheWindow)
         EXPECT_TRUE(QFileInfo(app(folder)).isDir()) << qPrintable(folder);
     EXPECT_EQ(gBackupsPath, app(u"Backups"_s));
     EXPECT_TRUE(QFileInfo::exists(app(kDataFileName)));
+    // The data and the folders that hold it are the owner's alone.
+    EXPECT_EQ(fileMode(app(kDataFileName)), 0600);
+    for (const QString& folder : {QString(), u"Reports"_s, u"Backups"_s, u"Imports"_s})
+        EXPECT_EQ(fileMode(app(folder)), 0700) << qPrintable(folder);
     ASSERT_TRUE(gConnection);
     EXPECT_EQ(gConnection->connectionStatus(), 0);
     EXPECT_EQ(QDir::currentPath(), QDir(app()).canonicalPath());
@@ -256,6 +262,78 @@ TEST_F(StartupTest, aWrongPasswordEndsTheStartWithTwoBoxesAndWritesNothing)
     EXPECT_EQ(shown[1], u"Lapkeeper [Critical/Ok] Unable to connect to Database"_s);
     EXPECT_FALSE(QFileInfo::exists(settingsFilePath()));
     EXPECT_TRUE(QDir(app(u"Backups"_s)).isEmpty());
+}
+
+TEST_F(StartupTest, aDataFileMissingOnALaterRunIsNeverMadeAnewAndNoWritesNothing)
+{
+    {
+        frmMain window;
+        ASSERT_TRUE(start(window));
+        IDatabase db;
+        ASSERT_TRUE(db.execute(u"INSERT INTO teams (team_nmbr, team_name) VALUES (500, 'Saved')"_s));
+        window.close();
+    }
+    ASSERT_TRUE(QFile::remove(app(kDataFileName)));
+    const QString backups = app(u"Backups"_s);
+    const QStringList entries = folderEntries(backups);
+    const QByteArray backup = fileBytes(backups + u'/' + kDataFileName);
+    const QByteArray settings = fileBytes(settingsFilePath());
+    ASSERT_FALSE(backup.isEmpty());
+    m_presenter.clear();
+
+    m_presenter.queueAnswer(Answer::No);
+    {
+        frmMain window;
+        EXPECT_FALSE(start(window));
+        EXPECT_FALSE(window.isVisible());
+        window.close();
+    }
+    const QStringList shown = shownBoxes(m_presenter);
+    ASSERT_EQ(shown.size(), 3) << qPrintable(shown.join(u'\n'));
+    const QRegularExpression question(u"^Lapkeeper \\[Question/YesNo\\] The data file "_s +
+                                      QRegularExpression::escape(app(kDataFileName)) +
+                                      u" is missing.\n\nDo you want to restore the newest backup, "
+                                      u"lapkeeper30[-0-9]*\\.lk of \\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d\\?$"_s);
+    EXPECT_TRUE(question.match(shown[0]).hasMatch()) << qPrintable(shown[0]);
+    EXPECT_EQ(shown[1], u"Lapkeeper [Critical/Ok] unable to open database file"_s);
+    EXPECT_EQ(shown[2], u"Lapkeeper [Critical/Ok] Unable to connect to Database"_s);
+    // Nothing written: no new data file, the backups and the settings as they were.
+    EXPECT_FALSE(QFileInfo::exists(app(kDataFileName)));
+    EXPECT_EQ(folderEntries(backups), entries);
+    EXPECT_EQ(fileBytes(backups + u'/' + kDataFileName), backup);
+    EXPECT_EQ(fileBytes(settingsFilePath()), settings);
+
+    // Yes brings the newest backup back, and the run goes on with its rows.
+    m_presenter.clear();
+    m_presenter.queueAnswer(Answer::Yes);
+    frmMain window;
+    ASSERT_TRUE(start(window));
+    ASSERT_EQ(m_presenter.boxes().size(), 1);
+    EXPECT_EQ(m_presenter.boxes()[0].icon, Icon::Question);
+    IDatabase db;
+    ASSERT_TRUE(db.OpenResultSet(u"SELECT team_name FROM teams"_s));
+    EXPECT_EQ(db.fields(u"team_name"_s).toTextOrEmpty(), u"Saved"_s);
+    EXPECT_EQ(fileMode(app(kDataFileName)), 0600);
+}
+
+TEST_F(StartupTest, aFailedAutomaticBackupShowsNothingAndGoesToTheLog)
+{
+    {
+        frmMain window;
+        ASSERT_TRUE(start(window));
+        // A folder where the backup belongs: the last rename of the backup cannot be made.
+        ASSERT_TRUE(QDir().mkpath(app(u"Backups/lapkeeper30.lk/in the way"_s)));
+        window.close();
+    }
+    EXPECT_TRUE(m_presenter.boxes().isEmpty()) << qPrintable(m_presenter.boxTexts().join(u'\n'));
+    EXPECT_EQ(folderEntries(app(u"Backups"_s)), QStringList{u"lapkeeper30.lk"_s});
+    EXPECT_EQ(folderEntries(app(u"Backups/lapkeeper30.lk"_s)), QStringList{u"in the way"_s});
+    const QString log = QString::fromUtf8(fileBytes(app(u"lapkeeper.log"_s)));
+    EXPECT_TRUE(log.contains(u"automatic backup: The backup to "_s + app(u"Backups/lapkeeper30.lk"_s) +
+                             u" failed: Is a directory."_s))
+        << qPrintable(log);
+    EXPECT_EQ(fileMode(app(u"lapkeeper.log"_s)), 0600);
+    EXPECT_EQ(fileMode(app()), 0700);
 }
 
 TEST_F(StartupTest, theWelcomeScreenFollowsTheSplashOnlyOnTheFirstStart)

@@ -7,6 +7,7 @@
 
 #include <sqlite3.h>
 
+#include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -134,6 +135,38 @@ TEST(Connection, aFailingStatementShowsItsTextAndReturnsFalse)
               (QStringList{u"Error = no such table: nothere SQL = DELETE FROM nothere WHERE x = 1"_s,
                            u"Error = no such table: nothereSQL = SELECT * FROM nothere"_s}));
     EXPECT_EQ(app.presenter().boxes()[0].title, u"Lapkeeper"_s);
+}
+
+TEST(Connection, executeAndOpenResultSetRunOneStatementAndRefuseTextAfterIt)
+{
+    TempApp app;
+    IDatabase db;
+    // A path put into a statement without its apostrophes doubled, as a crafted image path would be.
+    const QString crafted = u"INSERT INTO teams (team_nmbr, team_name) VALUES (500, 'x'); DELETE FROM group_dm; --')"_s;
+    const int groups = app.count(u"group_dm"_s);
+    ASSERT_GT(groups, 0);
+    EXPECT_FALSE(db.execute(crafted));
+    EXPECT_FALSE(db.execute(u"UPDATE teams SET team_name = 'a'; and some words"_s));
+    EXPECT_FALSE(db.OpenResultSet(u"SELECT count(*) FROM teams; DELETE FROM group_dm"_s));
+    EXPECT_EQ(app.presenter().boxTexts(),
+              (QStringList{u"Error = Characters found after end of SQL statement. SQL = "_s + crafted,
+                           u"Error = Characters found after end of SQL statement. SQL = "
+                           u"UPDATE teams SET team_name = 'a'; and some words"_s,
+                           u"Error = Characters found after end of SQL statement.SQL = "
+                           u"SELECT count(*) FROM teams; DELETE FROM group_dm"_s}));
+    // Nothing of the refused texts ran, not even their first statement.
+    EXPECT_EQ(app.count(u"teams"_s), 0);
+    EXPECT_EQ(app.count(u"group_dm"_s), groups);
+
+    // A closing ";", blanks and comments after the one statement are no second statement, and a
+    // ";" inside quotes is text.
+    app.presenter().clear();
+    EXPECT_TRUE(db.execute(u"INSERT INTO teams (team_nmbr, team_name) VALUES (500, 'a;b');  -- note\n"_s));
+    EXPECT_TRUE(db.execute(u"UPDATE teams SET email = 'c;d' WHERE team_nmbr = 500; /* done */ ;"_s));
+    ASSERT_TRUE(db.OpenResultSet(u"SELECT team_name, email FROM teams;\n"_s));
+    EXPECT_EQ(db.fields(u"team_name"_s).toTextOrEmpty(), u"a;b"_s);
+    EXPECT_EQ(db.fields(u"email"_s).toTextOrEmpty(), u"c;d"_s);
+    EXPECT_TRUE(app.presenter().boxes().isEmpty()) << qPrintable(app.presenter().boxTexts().join(u'\n'));
 }
 
 TEST(Connection, statementsOnAClosedConnectionFailWithABox)
@@ -269,8 +302,39 @@ TEST(Compaction, anEmptyDestinationMeansTheBackupsFolderAndErrorsStaySilent)
     EXPECT_TRUE(QFile::exists(target));
 
     QString unwritable = app.folder() + u"/no/such/folder/x.lk"_s;
-    db.compactDatabaseNow(unwritable);
+    QString failure;
+    EXPECT_FALSE(db.compactDatabaseNow(unwritable, &failure));
+    EXPECT_EQ(failure, u"No such file or directory"_s);
     EXPECT_TRUE(app.presenter().boxes().isEmpty());
+}
+
+TEST(Compaction, aCopyThatFailsLeavesTheOldFileAtTheDestinationAsItWas)
+{
+    TempApp app;
+    gConnection->CloseConnection();
+    IDatabase db;
+    QString target = app.folder() + u"/Backups/copy.lk"_s;
+    QFile old(target);
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("the old backup");
+    old.close();
+
+    // A data file that does not open: the old file stays and no temporary file is left.
+    ASSERT_TRUE(QFile::rename(app.dataFile(), app.folder() + u"/elsewhere.lk"_s));
+    QString failure;
+    EXPECT_FALSE(db.compactDatabaseNow(target, &failure));
+    EXPECT_EQ(failure, u"unable to open database file"_s);
+    QFile check(target);
+    ASSERT_TRUE(check.open(QIODevice::ReadOnly));
+    EXPECT_EQ(check.readAll(), QByteArray("the old backup"));
+    EXPECT_EQ(QDir(app.folder() + u"/Backups"_s).entryList(QDir::Files | QDir::Hidden), QStringList{u"copy.lk"_s});
+
+    // The data file itself is refused as a destination.
+    ASSERT_TRUE(QFile::rename(app.folder() + u"/elsewhere.lk"_s, app.dataFile()));
+    QString self = app.folder() + u"/Reports/../lapkeeper30.lk"_s;
+    EXPECT_FALSE(db.compactDatabaseNow(self, &failure));
+    EXPECT_EQ(failure, kBackupOverDataFile);
+    EXPECT_TRUE(QFile::exists(app.dataFile()));
 }
 
 } // namespace
