@@ -1,15 +1,18 @@
 #include "racing/race_form.h"
+#include "base/app_globals.h"
 #include "base/date_form.h"
 #include "base/detail_screen.h"
 #include "base/messages.h"
 #include "league/car_type.h"
 #include "league/race_type.h"
+#include "racing/posting.h"
+#include "racing/race_head_head_tab.h"
+#include "racing/race_results_tab.h"
 #include "racing/races.h"
 #include "racing/results.h"
 #include "store/dates.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
 #include <QFormLayout>
@@ -19,7 +22,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QScopeGuard>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -68,9 +71,20 @@ frmRace::frmRace(QWidget* parent)
     SSTab1->addTab(u"Race"_s);
     m_pages->addWidget(buildRaceTab());
     SSTab1->addTab(u"Results"_s);
-    m_pages->addWidget(buildResultsTab());
+    m_results = new cRaceResultsTab(m_refusedClick,
+                                    {[this] { markResultsChanged(); }, [this] { markRaceChanged(); },
+                                     [this] { return cmbRaceType->currentText(); },
+                                     [this] { m_resultsChanged = false; }},
+                                    this);
+    m_pages->addWidget(m_results);
     SSTab1->addTab(u"Head to Head"_s);
-    m_pages->addWidget(buildHeadHeadTab());
+    m_headHead = new cRaceHeadHeadTab({[this] { markPairingsChanged(); }, [this] { return m_pairingsChanged; },
+                                       [this] {
+                                           m_pairingsChanged = false;
+                                           cmdApply->setEnabled(anythingChanged());
+                                       }},
+                                      this);
+    m_pages->addWidget(m_headHead);
     // The pairings tab stays off unless the one setting switches it on.
     SSTab1->setTabEnabled(kTabHeadHead, headToHeadTabEnabled());
 
@@ -110,6 +124,7 @@ frmRace::frmRace(QWidget* parent)
     connect(cmdOK, &QPushButton::clicked, this, &frmRace::okClicked);
     connect(cmdCancel, &QPushButton::clicked, this, &frmRace::reject);
     connect(cmdApply, &QPushButton::clicked, this, [this] { saveRaceForm(); });
+    connect(m_results, &cRaceResultsTab::postResultsRequested, this, &frmRace::postResultsClicked);
 }
 
 frmRace::~frmRace() = default;
@@ -183,9 +198,8 @@ void frmRace::fill(cRaces& race)
 {
     m_race = &race;
     m_filling = true;
-    m_cars = std::make_unique<cCarCollection>();
-    m_cars->load(race.raceTypeNmbr(), race.carTypeNmbr());
-    m_resultsLoaded = false;
+    m_results->setRace(race);
+    m_headHead->setRace(race);
     txtRaceName->setText(race.raceName());
     txtTrackName->setText(race.trackName());
     txtRaceDate->setText(race.raceDate().isValid() ? shortDate(race.raceDate()) : QString());
@@ -198,7 +212,6 @@ void frmRace::fill(cRaces& race)
     m_currentTab = kTabRace;
     m_pages->setCurrentIndex(kTabRace);
     cmdOK->setDefault(true);
-    fraResults->hide();
     m_filling = false;
     clearMarks();
 }
@@ -311,9 +324,7 @@ void frmRace::raceTypeActivated(int index)
     }
     m_race->setRaceTypeNmbr(itemNumber(cmbRaceType, index));
     markRaceChanged();
-    m_cars = std::make_unique<cCarCollection>();
-    if (m_resultsLoaded)
-        fillCarList();
+    m_results->raceKindChanged();
 }
 
 void frmRace::carTypeActivated(int index)
@@ -327,9 +338,7 @@ void frmRace::carTypeActivated(int index)
     }
     m_race->setCarTypeNmbr(itemNumber(cmbCarType, index));
     markRaceChanged();
-    m_cars = std::make_unique<cCarCollection>();
-    if (m_resultsLoaded)
-        fillCarList();
+    m_results->raceKindChanged();
 }
 
 void frmRace::showRaceNumber()
@@ -337,20 +346,11 @@ void frmRace::showRaceNumber()
     messageBox(u"Race number is "_s + QString::number(m_race->raceNmbr()));
 }
 
-// The field's own leave check, when it has one; true otherwise.
-bool frmRace::runLeaveCheck(QWidget* field)
-{
-    if (!field)
-        return true;
-    auto* check = field->findChild<cValidateOnLeave*>(QString(), Qt::FindDirectChildrenOnly);
-    return !check || check->validateNow();
-}
-
 bool frmRace::saveRaceForm()
 {
-    if (!leaveCarChooser())
+    if (!m_results->leaveCarChooser())
         return false;
-    leaveTeamChooser();
+    m_headHead->leaveTeamChooser();
     if (m_raceChanged && !saveRaceChanges())
         return false;
     if (m_resultsChanged && !saveResultRows())
@@ -390,6 +390,16 @@ bool frmRace::saveRaceChanges()
     return m_race->CommitChanges();
 }
 
+bool frmRace::saveResultRows()
+{
+    return m_results->save();
+}
+
+bool frmRace::savePairings()
+{
+    return m_headHead->save();
+}
+
 void frmRace::tabChanging(int index)
 {
     if (m_undoingTab || index == m_currentTab)
@@ -422,7 +432,7 @@ bool frmRace::leaveTab(int tab)
         }
         return true;
     case kTabResults:
-        if (!leaveCarChooser())
+        if (!m_results->leaveCarChooser())
             return false;
         if (m_resultsChanged && !saveResultRows())
             return false;
@@ -431,7 +441,7 @@ bool frmRace::leaveTab(int tab)
         clearMarks();
         return true;
     case kTabHeadHead:
-        leaveTeamChooser();
+        m_headHead->leaveTeamChooser();
         if (m_pairingsChanged) {
             if (!savePairings())
                 return false;
@@ -446,10 +456,19 @@ bool frmRace::leaveTab(int tab)
 
 void frmRace::enterTab(int tab)
 {
-    if (tab == kTabResults)
-        enterResultsTab();
-    else if (tab == kTabHeadHead)
-        enterHeadHeadTab();
+    const bool applyBefore = cmdApply->isEnabled();
+    if (tab == kTabResults) {
+        m_results->enter();
+        m_resultsChanged = false;
+    } else if (tab == kTabHeadHead) {
+        m_pairingsChanged = false;
+        m_headHead->enter();
+        m_pairingsChanged = false;
+    } else {
+        return;
+    }
+    // Filling a tab is no change: cmdApply keeps the state it had.
+    cmdApply->setEnabled(applyBefore);
 }
 
 void frmRace::okClicked()
@@ -462,8 +481,8 @@ void frmRace::okClicked()
 void frmRace::reject()
 {
     // A choice still open in a chooser counts as typed, so the question below knows of it.
-    leaveCarChooser(false);
-    leaveTeamChooser();
+    m_results->leaveCarChooser(false);
+    m_headHead->leaveTeamChooser();
     if (m_raceChanged || m_resultsChanged) {
         const Answer answer = messageBox(u"Do you want to save changes"_s, m_race->raceName(), Icon::Question,
                                          Buttons::YesNoCancel);
@@ -475,9 +494,25 @@ void frmRace::reject()
     closeForm(false);
 }
 
+void frmRace::postResultsClicked()
+{
+    if (!saveRaceForm())
+        return;
+    pbStatus->setValue(0);
+    pbStatus->show();
+    presenter().setProgressBar(pbStatus);
+    setMousePointer(kPointerHourglass);
+    const auto restore = qScopeGuard([this] {
+        presenter().setProgressBar(nullptr);
+        pbStatus->hide();
+        setMousePointer(kPointerDefault);
+    });
+    postResults(*m_race);
+}
+
 void frmRace::closeForm(bool accepted)
 {
-    m_cars.reset();
+    m_results->releaseCars();
     setStatusText();
     if (accepted)
         QDialog::accept();
@@ -487,67 +522,7 @@ void frmRace::closeForm(bool accepted)
 
 bool frmRace::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == lblRaceName) {
-        if (event->type() == QEvent::MouseButtonRelease && isVisible())
-            showRaceNumber();
-        return false;
-    }
-    if (!isVisible())
-        return false;
-
-    const QEvent::Type type = event->type();
-    if (type == QEvent::KeyPress) {
-        auto* key = static_cast<QKeyEvent*>(event);
-        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-        if (watched == cmbCarNmbr) {
-            if (enter) {
-                addResultRow(m_carRow);
-                return true;
-            }
-            // The chooser stands outside the tab order: Tab goes on from the field it covers.
-            if ((key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) && m_carRow >= 0) {
-                const cResultRow& row = m_rows[static_cast<size_t>(m_carRow)];
-                const bool back = key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier);
-                (back ? static_cast<QWidget*>(row.txtPlace) : row.txtLapsLed)
-                    ->setFocus(back ? Qt::BacktabFocusReason : Qt::TabFocusReason);
-                return true;
-            }
-            return false;
-        }
-        if (watched == cmbTeam) {
-            if (enter) {
-                addPairRow(m_teamRow);
-                return true;
-            }
-            return false;
-        }
-        if (enter) {
-            if (const int row = resultRowOf(watched); row >= 0) {
-                addResultRow(row);
-                return true;
-            }
-            if (const int row = pairRowOf(watched); row >= 0) {
-                addPairRow(row);
-                return true;
-            }
-        }
-        return false;
-    }
-
-    // A field takes the focus before it gets the press, so a press opens the chooser only on a
-    // field that already had the focus (or that a refusing chooser kept it from).
-    if (type == QEvent::FocusIn ||
-        (type == QEvent::MouseButtonPress && static_cast<QWidget*>(watched)->hasFocus())) {
-        if (const int row = resultRowOf(watched);
-            row >= 0 && watched == m_rows[static_cast<size_t>(row)].txtCarNmbr) {
-            enterCarChooser(row);
-        } else if (const int pair = pairRowOf(watched); pair >= 0) {
-            const cPairRow& cells = m_pairs[static_cast<size_t>(pair)];
-            if (watched == cells.txtTeam1)
-                enterTeamChooser(pair, 1);
-            else if (watched == cells.txtTeam2)
-                enterTeamChooser(pair, 2);
-        }
-    }
+    if (watched == lblRaceName && event->type() == QEvent::MouseButtonRelease && isVisible())
+        showRaceNumber();
     return false;
 }
