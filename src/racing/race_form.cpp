@@ -34,6 +34,12 @@ namespace {
 const QString kTitle = u"Lapkeeper"_s;
 bool gHeadToHeadTabEnabled = false;
 
+std::function<void()>& newCarCommand()
+{
+    static std::function<void()> command;
+    return command;
+}
+
 } // namespace
 
 void frmRace::setHeadToHeadTabEnabled(bool enabled)
@@ -44,6 +50,11 @@ void frmRace::setHeadToHeadTabEnabled(bool enabled)
 bool frmRace::headToHeadTabEnabled()
 {
     return gHeadToHeadTabEnabled;
+}
+
+void frmRace::setNewCarCommand(std::function<void()> command)
+{
+    newCarCommand() = std::move(command);
 }
 
 bool frmRace::refuse(const QString& text, QWidget* focus)
@@ -74,7 +85,13 @@ frmRace::frmRace(QWidget* parent)
     m_results = new cRaceResultsTab(m_refusedClick,
                                     {[this] { markResultsChanged(); }, [this] { markRaceChanged(); },
                                      [this] { return cmbRaceType->currentText(); },
-                                     [this] { m_resultsChanged = false; }},
+                                     [this] { m_resultsChanged = false; },
+                                     [] {
+                                         if (!newCarCommand())
+                                             return false;
+                                         newCarCommand()();
+                                         return true;
+                                     }},
                                     this);
     m_pages->addWidget(m_results);
     SSTab1->addTab(u"Head to Head"_s);
@@ -123,7 +140,10 @@ frmRace::frmRace(QWidget* parent)
     connect(SSTab1, &QTabBar::currentChanged, this, &frmRace::tabChanging);
     connect(cmdOK, &QPushButton::clicked, this, &frmRace::okClicked);
     connect(cmdCancel, &QPushButton::clicked, this, &frmRace::reject);
-    connect(cmdApply, &QPushButton::clicked, this, [this] { saveRaceForm(); });
+    connect(cmdApply, &QPushButton::clicked, this, [this] {
+        if (!m_refusedClick.swallow(cmdApply) && finishPendingField())
+            saveRaceForm();
+    });
     connect(m_results, &cRaceResultsTab::postResultsRequested, this, &frmRace::postResultsClicked);
 }
 
@@ -209,6 +229,7 @@ void frmRace::fill(cRaces& race)
     m_undoingTab = true;
     SSTab1->setCurrentIndex(kTabRace);
     m_undoingTab = false;
+    m_refusedClick.clear();
     m_currentTab = kTabRace;
     m_pages->setCurrentIndex(kTabRace);
     cmdOK->setDefault(true);
@@ -288,9 +309,11 @@ bool frmRace::raceDateLeft()
         return true;
     const QDate date = parseDate(text);
     if (!date.isValid()) {
+        m_refusedClick.note();
         messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
         return false;
     }
+    m_refusedClick.clear();
     txtRaceDate->setText(shortDate(date));
     m_race->setRaceDate(date);
     markRaceChanged();
@@ -344,6 +367,17 @@ void frmRace::carTypeActivated(int index)
 void frmRace::showRaceNumber()
 {
     messageBox(u"Race number is "_s + QString::number(m_race->raceNmbr()));
+}
+
+// A save by the tab bar, a shortcut or the Yes of Cancel leaves the focus in the field being
+// typed, so the field's rule runs first, exactly as leaving the field would run it.
+bool frmRace::finishPendingField()
+{
+    QWidget* focused = focusWidget();
+    if (!focused || !isAncestorOf(focused))
+        return true;
+    auto* check = focused->findChild<cValidateOnLeave*>(QString(), Qt::FindDirectChildrenOnly);
+    return !check || check->validateNow();
 }
 
 bool frmRace::saveRaceForm()
@@ -404,7 +438,7 @@ void frmRace::tabChanging(int index)
 {
     if (m_undoingTab || index == m_currentTab)
         return;
-    if (!leaveTab(m_currentTab)) {
+    if (!finishPendingField() || !leaveTab(m_currentTab)) {
         m_undoingTab = true;
         SSTab1->setCurrentIndex(m_currentTab);
         m_undoingTab = false;
@@ -473,6 +507,11 @@ void frmRace::enterTab(int tab)
 
 void frmRace::okClicked()
 {
+    if (m_refusedClick.swallow(cmdOK))
+        return;
+    // A field typed into counts before the question whether anything is unsaved.
+    if (!finishPendingField())
+        return;
     if (cmdApply->isEnabled() && !saveRaceForm())
         return;
     closeForm(true);
@@ -488,7 +527,7 @@ void frmRace::reject()
                                          Buttons::YesNoCancel);
         if (answer == Answer::Cancel)
             return;
-        if (answer == Answer::Yes && !saveRaceForm())
+        if (answer == Answer::Yes && (!finishPendingField() || !saveRaceForm()))
             return;
     }
     closeForm(false);
@@ -496,7 +535,7 @@ void frmRace::reject()
 
 void frmRace::postResultsClicked()
 {
-    if (!saveRaceForm())
+    if (m_refusedClick.swallow(m_results->postResultsButton()) || !finishPendingField() || !saveRaceForm())
         return;
     pbStatus->setValue(0);
     pbStatus->show();

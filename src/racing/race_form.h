@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QString>
 #include <cstdint>
+#include <functional>
 
 class cRaceHeadHeadTab;
 class cRaceResultsTab;
@@ -51,6 +52,10 @@ public:
     static void setHeadToHeadTabEnabled(bool enabled);
     static bool headToHeadTabEnabled();
 
+    // The program's new-car command, which Add New Car runs: the application sets it, as this
+    // screen cannot reach the car pane itself. Without one, Add New Car opens the car screen alone.
+    static void setNewCarCommand(std::function<void()> command);
+
 public slots:
     // Cancel, Escape and the close box.
     void reject() override;
@@ -75,6 +80,7 @@ private:
     void tabChanging(int index);
     bool leaveTab(int tab);
     void enterTab(int tab);
+    bool finishPendingField();
     void okClicked();
     void postResultsClicked();
     void closeForm(bool accepted);

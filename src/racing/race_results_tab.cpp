@@ -107,6 +107,8 @@ cRaceResultsTab::cRaceResultsTab(cRefusedClick& refusedClick, Host host, QWidget
     cmbCarNmbr = new QComboBox(m_resultGrid);
     cmbCarNmbr->setObjectName(u"cmbCarNmbr"_s);
     cmbCarNmbr->setMaxVisibleItems(20);
+    // A pick from the list names the car by itself; what was typed before it no longer counts.
+    connect(cmbCarNmbr, &QComboBox::activated, this, [this] { m_typedCar.clear(); });
     cmbCarNmbr->hide();
     cmbCarNmbr->installEventFilter(this);
     cValidateOnLeave::install(cmbCarNmbr, [this] { return leaveCarChooser(); });
@@ -271,14 +273,12 @@ bool cRaceResultsTab::placeLeft(QLineEdit* field)
     const QString text = field->text().trimmed();
     if (text.isEmpty()) {
         field->setText(u"0"_s);
-        return true;
+        return passed();
     }
     const std::optional<int16_t> place = entryNumber(text);
     if (place && *place >= 0)
-        return true;
-    messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
-    field->clear();
-    return false;
+        return passed();
+    return invalidEntry(field);
 }
 
 // Laps led, qualifying place and adjustment take any number, negative ones too.
@@ -287,10 +287,23 @@ bool cRaceResultsTab::numberLeft(QLineEdit* field)
     const QString text = field->text().trimmed();
     if (text.isEmpty()) {
         field->setText(u"0"_s);
-        return true;
+        return passed();
     }
     if (entryNumber(text))
-        return true;
+        return passed();
+    return invalidEntry(field);
+}
+
+bool cRaceResultsTab::passed()
+{
+    m_refusedClick.clear();
+    return true;
+}
+
+// The button whose press took the focus from the field must not act on this refusal.
+bool cRaceResultsTab::invalidEntry(QLineEdit* field)
+{
+    m_refusedClick.note();
     messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
     field->clear();
     return false;
@@ -383,8 +396,9 @@ void cRaceResultsTab::enterCarChooser(int row)
     const QString text = m_rows[static_cast<size_t>(row)].txtCarNmbr->text().trimmed();
     const bool filling = m_filling;
     m_filling = true;
-    // A text that is not in the list (a car of another series) stays as it is unless a car is chosen.
+    // A text that is not in the list (a car of another series) stays as it is unless a car is given.
     cmbCarNmbr->setCurrentIndex(text.isEmpty() ? 0 : cmbCarNmbr->findText(text));
+    m_typedCar.clear();
     m_filling = filling;
     placeCarChooser();
     cmbCarNmbr->show();
@@ -401,6 +415,9 @@ void cRaceResultsTab::placeCarChooser()
     cmbCarNmbr->setGeometry(m_rows[static_cast<size_t>(m_carRow)].txtCarNmbr->geometry());
 }
 
+// What the operator typed into the chooser names the row's car exactly (case aside), so that "2"
+// is not taken for "24"; without typing, the entry shown is the car. Typed text that names no car
+// leaves the row without one, and the box says so.
 bool cRaceResultsTab::leaveCarChooser(bool checkDuplicates)
 {
     if (m_leavingChooser || m_carRow < 0 || !cmbCarNmbr->isVisible())
@@ -408,14 +425,24 @@ bool cRaceResultsTab::leaveCarChooser(bool checkDuplicates)
     m_leavingChooser = true;
     const int rowIndex = m_carRow;
     cResultRow& row = m_rows[static_cast<size_t>(rowIndex)];
-    const int index = cmbCarNmbr->currentIndex();
+    const QString typed = m_typedCar.trimmed();
+    const bool wasTyped = !m_typedCar.isEmpty();
+    m_typedCar.clear();
+    int index = cmbCarNmbr->currentIndex();
+    if (wasTyped)
+        index = typed.isEmpty() ? 0 : cmbCarNmbr->findText(typed, Qt::MatchFixedString);
+    bool unknown = false;
+    const int16_t before = row.carTag;
     if (index >= 0) {
-        const int16_t before = row.carTag;
         row.carTag = itemNumber(cmbCarNmbr, index);
         row.txtCarNmbr->setText(cmbCarNmbr->itemText(index));
-        if (row.carTag != before)
-            markChanged();
+    } else if (wasTyped) {
+        row.carTag = 0;
+        row.txtCarNmbr->clear();
+        unknown = true;
     }
+    if (row.carTag != before || unknown)
+        markChanged();
     const QString text = row.txtCarNmbr->text().trimmed();
     if (cmbCarNmbr->hasFocus())
         row.txtCarNmbr->setFocus(Qt::OtherFocusReason);
@@ -424,6 +451,11 @@ bool cRaceResultsTab::leaveCarChooser(bool checkDuplicates)
     m_carRow = -1;
     m_leavingChooser = false;
 
+    if (unknown) {
+        messageBox(u"Car "_s + typed + u" was not found for this Race Type and Scoring By"_s, kTitle, Icon::Critical);
+        enterCarChooser(rowIndex);
+        return false;
+    }
     if (!checkDuplicates || text.isEmpty())
         return true;
     for (size_t other = 0; other < m_rows.size(); ++other) {
@@ -540,17 +572,25 @@ void cRaceResultsTab::getResultsClicked()
     messageBox(u"Downloads not available for "_s + (m_host.raceTypeText ? m_host.raceTypeText() : QString()), kTitle, Icon::None, Buttons::Ok);
 }
 
+// The program's new-car command (the car screen, then the car pane refreshed); the car list and
+// the chooser follow with the new car.
 void cRaceResultsTab::addNewCarClicked()
 {
-    cCar car;
-    frmCar screen(this);
-    screen.showWith(car);
+    const bool chooserOpen = m_carRow >= 0 && cmbCarNmbr->isVisible();
+    const QString text = chooserOpen ? cmbCarNmbr->currentText().trimmed() : QString();
+    if (!m_host.newCar || !m_host.newCar()) {
+        cCar car;
+        frmCar screen(this);
+        screen.showWith(car);
+    }
     m_cars = std::make_unique<cCarCollection>();
     m_cars->load(m_race->raceTypeNmbr(), m_race->carTypeNmbr());
     fillCarList();
-    if (m_carRow >= 0 && cmbCarNmbr->isVisible()) {
-        const QString text = m_rows[static_cast<size_t>(m_carRow)].txtCarNmbr->text().trimmed();
+    if (chooserOpen && cmbCarNmbr->isVisible()) {
+        const bool filling = m_filling;
+        m_filling = true;
         cmbCarNmbr->setCurrentIndex(text.isEmpty() ? 0 : cmbCarNmbr->findText(text));
+        m_filling = filling;
     }
     m_resultGrid->update();
 }
@@ -569,6 +609,8 @@ bool cRaceResultsTab::eventFilter(QObject* watched, QEvent* event)
                 addResultRow(m_carRow);
                 return true;
             }
+            if (typeIntoCarChooser(*key))
+                return true;
             // The chooser stands outside the tab order: Tab goes on from the field it covers.
             if ((key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) && m_carRow >= 0) {
                 const cResultRow& row = m_rows[static_cast<size_t>(m_carRow)];
@@ -597,4 +639,35 @@ bool cRaceResultsTab::eventFilter(QObject* watched, QEvent* event)
             enterCarChooser(row);
     }
     return false;
+}
+
+// Typing into the chooser: the typed text is kept, and the entry it names (or the first that
+// begins with it) is shown as the operator types. Backspace takes back the last character.
+bool cRaceResultsTab::typeIntoCarChooser(const QKeyEvent& key)
+{
+    if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    if (key.key() == Qt::Key_Backspace) {
+        if (m_typedCar.isEmpty())
+            m_typedCar = cmbCarNmbr->currentText().trimmed();
+        m_typedCar.chop(1);
+        if (m_typedCar.isEmpty())
+            m_typedCar = u" "_s;   // typed away: blank, which is no car
+    } else if (key.text().isEmpty() || !key.text().at(0).isPrint()) {
+        return false;
+    } else {
+        if (m_typedCar.trimmed().isEmpty())
+            m_typedCar.clear();
+        m_typedCar += key.text();
+    }
+    const QString typed = m_typedCar.trimmed();
+    int index = typed.isEmpty() ? 0 : cmbCarNmbr->findText(typed, Qt::MatchFixedString);
+    if (index < 0)
+        index = cmbCarNmbr->findText(typed, Qt::MatchStartsWith);
+    const bool filling = m_filling;
+    m_filling = true;
+    if (index >= 0)
+        cmbCarNmbr->setCurrentIndex(index);
+    m_filling = filling;
+    return true;
 }

@@ -13,6 +13,7 @@ class cRowGrid;
 class QCheckBox;
 class QComboBox;
 class QFrame;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -31,6 +32,7 @@ public:
         std::function<void()> raceChanged;        // the race's status was chosen
         std::function<QString()> raceTypeText;    // the race type as the screen shows it
         std::function<void()> reloaded;           // the rows were filled from the data file
+        std::function<bool()> newCar;             // runs the program's new-car command; false: there is none
     };
 
     cRaceResultsTab(cRefusedClick& refusedClick, Host host, QWidget* parent);
@@ -81,8 +83,11 @@ private:
     void installRowRules(cResultRow& row);
     bool placeLeft(QLineEdit* field);
     bool numberLeft(QLineEdit* field);
+    bool passed();
+    bool invalidEntry(QLineEdit* field);
     void enterCarChooser(int row);
     void placeCarChooser();
+    bool typeIntoCarChooser(const QKeyEvent& key);
     void addResultRow(int row);
     void raceStatusActivated(int index);
     void clearPostingClicked();
@@ -98,6 +103,7 @@ private:
     bool m_filling = false;          // the program is filling a control: no change counts
     bool m_leavingChooser = false;   // the chooser is being closed: focus moves open nothing
     int m_carRow = -1;               // the results row that cmbCarNmbr covers
+    QString m_typedCar;              // typed into the chooser since it opened or a pick was made
     std::vector<cResultRow> m_rows;
 
     QFrame* fraResults = nullptr;
