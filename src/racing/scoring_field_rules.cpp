@@ -4,6 +4,7 @@
 #include "store/variant.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -29,7 +30,27 @@ cScoringFieldRules::~cScoringFieldRules()
 
 void cScoringFieldRules::install(QLineEdit* field, std::function<bool()> check)
 {
-    m_checks.insert(field, cValidateOnLeave::install(field, std::move(check)));
+    m_checks.insert(field, cValidateOnLeave::install(field, [this, field, check = std::move(check)] {
+                        const bool ok = check();
+                        if (ok && m_pendingField == field)
+                            m_pendingField = nullptr;
+                        return ok;
+                    }));
+    field->installEventFilter(this);
+}
+
+bool cScoringFieldRules::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn)
+        if (auto* field = qobject_cast<QLineEdit*>(watched); field && m_checks.contains(field))
+            m_pendingField = field;
+    return QObject::eventFilter(watched, event);
+}
+
+bool cScoringFieldRules::validatePendingField()
+{
+    const auto check = m_checks.constFind(m_pendingField);
+    return check == m_checks.constEnd() || (*check)->validateNow();
 }
 
 void cScoringFieldRules::installWholeOrBlank(QLineEdit* field)
@@ -50,22 +71,29 @@ void cScoringFieldRules::installBonus(QLineEdit* field, std::function<void(int16
 void cScoringFieldRules::forget(QLineEdit* field)
 {
     m_checks.remove(field);
+    field->removeEventFilter(this);
     if (m_refusedField == field)
         m_refusedField = nullptr;
+    if (m_pendingField == field)
+        m_pendingField = nullptr;
 }
 
 void cScoringFieldRules::removeAll()
 {
     // The fields outlive their rules while the dialog tears them down.
-    for (cValidateOnLeave* check : std::as_const(m_checks))
-        delete check;
+    for (auto it = m_checks.constBegin(); it != m_checks.constEnd(); ++it) {
+        it.key()->removeEventFilter(this);
+        delete it.value();
+    }
     m_checks.clear();
     m_refusedField = nullptr;
+    m_pendingField = nullptr;
 }
 
 void cScoringFieldRules::reset()
 {
     m_refusedField = nullptr;
+    m_pendingField = nullptr;
     m_refusedClick.clear();
 }
 

@@ -30,11 +30,17 @@ public:
 
     // Runs the rule of the field that has the focus, as leaving it would; false when refused.
     bool validateFocusedField();
+    // Runs the rule of the field last entered and not yet left, wherever the focus went since (a
+    // tab change hides the field before the screen hears of it); false when refused.
+    bool validatePendingField();
     // The field whose rule refused it last and has not been passed since; nullptr if none.
     QLineEdit* refusedField() const { return m_refusedField; }
     // True once for a button whose press was undone by a refusal.
     bool swallow(QAbstractButton* button) { return m_refusedClick.swallow(button); }
     void reset();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void install(QLineEdit* field, std::function<bool()> check);
@@ -48,4 +54,5 @@ private:
     QHash<QLineEdit*, cValidateOnLeave*> m_checks;
     cRefusedClick m_refusedClick;
     QLineEdit* m_refusedField = nullptr;
+    QLineEdit* m_pendingField = nullptr;   // entered, its rule not run since
 };

@@ -208,6 +208,14 @@ void frmScoring::tabChanged(int index)
         field->setFocus(Qt::OtherFocusReason);
         return;
     }
+    // Leaving a field by the tab bar runs its rule first, as any other way of leaving it does.
+    if (!m_rules->validatePendingField()) {
+        QLineEdit* field = m_rules->refusedField();
+        keepTab(left);
+        if (field)
+            field->setFocus(Qt::OtherFocusReason);
+        return;
+    }
     if (!leaveTab(left)) {
         keepTab(left);
         return;
@@ -327,14 +335,14 @@ bool frmScoring::saveScoringForm()
 
 void frmScoring::applyClicked()
 {
-    if (m_rules->swallow(cmdApply) || !m_rules->validateFocusedField())
+    if (m_rules->swallow(cmdApply) || !m_rules->validatePendingField())
         return;
     saveScoringForm();
 }
 
 void frmScoring::okClicked()
 {
-    if (m_rules->swallow(cmdOk) || !m_rules->validateFocusedField())
+    if (m_rules->swallow(cmdOk) || !m_rules->validatePendingField())
         return;
     if (cmdApply->isEnabled() && !saveScoringForm())
         return;
@@ -348,7 +356,7 @@ void frmScoring::reject()
                                          Buttons::YesNoCancel);
         if (answer == Answer::Cancel)
             return;
-        if (answer == Answer::Yes && !saveScoringForm())
+        if (answer == Answer::Yes && (!m_rules->validatePendingField() || !saveScoringForm()))
             return;
     }
     QDialog::reject();
