@@ -1,15 +1,18 @@
 #include "racing/race_form.h"
+#include "base/app_globals.h"
 #include "base/date_form.h"
 #include "base/detail_screen.h"
 #include "base/messages.h"
 #include "league/car_type.h"
 #include "league/race_type.h"
+#include "racing/posting.h"
+#include "racing/race_head_head_tab.h"
+#include "racing/race_results_tab.h"
 #include "racing/races.h"
 #include "racing/results.h"
 #include "store/dates.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
 #include <QFormLayout>
@@ -19,7 +22,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QScopeGuard>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -31,6 +34,12 @@ namespace {
 const QString kTitle = u"Lapkeeper"_s;
 bool gHeadToHeadTabEnabled = false;
 
+std::function<void()>& newCarCommand()
+{
+    static std::function<void()> command;
+    return command;
+}
+
 } // namespace
 
 void frmRace::setHeadToHeadTabEnabled(bool enabled)
@@ -41,6 +50,11 @@ void frmRace::setHeadToHeadTabEnabled(bool enabled)
 bool frmRace::headToHeadTabEnabled()
 {
     return gHeadToHeadTabEnabled;
+}
+
+void frmRace::setNewCarCommand(std::function<void()> command)
+{
+    newCarCommand() = std::move(command);
 }
 
 bool frmRace::refuse(const QString& text, QWidget* focus)
@@ -68,9 +82,26 @@ frmRace::frmRace(QWidget* parent)
     SSTab1->addTab(u"Race"_s);
     m_pages->addWidget(buildRaceTab());
     SSTab1->addTab(u"Results"_s);
-    m_pages->addWidget(buildResultsTab());
+    m_results = new cRaceResultsTab(m_refusedClick,
+                                    {[this] { markResultsChanged(); }, [this] { markRaceChanged(); },
+                                     [this] { return cmbRaceType->currentText(); },
+                                     [this] { m_resultsChanged = false; },
+                                     [] {
+                                         if (!newCarCommand())
+                                             return false;
+                                         newCarCommand()();
+                                         return true;
+                                     }},
+                                    this);
+    m_pages->addWidget(m_results);
     SSTab1->addTab(u"Head to Head"_s);
-    m_pages->addWidget(buildHeadHeadTab());
+    m_headHead = new cRaceHeadHeadTab({[this] { markPairingsChanged(); }, [this] { return m_pairingsChanged; },
+                                       [this] {
+                                           m_pairingsChanged = false;
+                                           cmdApply->setEnabled(anythingChanged());
+                                       }},
+                                      this);
+    m_pages->addWidget(m_headHead);
     // The pairings tab stays off unless the one setting switches it on.
     SSTab1->setTabEnabled(kTabHeadHead, headToHeadTabEnabled());
 
@@ -109,7 +140,11 @@ frmRace::frmRace(QWidget* parent)
     connect(SSTab1, &QTabBar::currentChanged, this, &frmRace::tabChanging);
     connect(cmdOK, &QPushButton::clicked, this, &frmRace::okClicked);
     connect(cmdCancel, &QPushButton::clicked, this, &frmRace::reject);
-    connect(cmdApply, &QPushButton::clicked, this, [this] { saveRaceForm(); });
+    connect(cmdApply, &QPushButton::clicked, this, [this] {
+        if (!m_refusedClick.swallow(cmdApply) && finishPendingField())
+            saveRaceForm();
+    });
+    connect(m_results, &cRaceResultsTab::postResultsRequested, this, &frmRace::postResultsClicked);
 }
 
 frmRace::~frmRace() = default;
@@ -183,9 +218,8 @@ void frmRace::fill(cRaces& race)
 {
     m_race = &race;
     m_filling = true;
-    m_cars = std::make_unique<cCarCollection>();
-    m_cars->load(race.raceTypeNmbr(), race.carTypeNmbr());
-    m_resultsLoaded = false;
+    m_results->setRace(race);
+    m_headHead->setRace(race);
     txtRaceName->setText(race.raceName());
     txtTrackName->setText(race.trackName());
     txtRaceDate->setText(race.raceDate().isValid() ? shortDate(race.raceDate()) : QString());
@@ -195,10 +229,10 @@ void frmRace::fill(cRaces& race)
     m_undoingTab = true;
     SSTab1->setCurrentIndex(kTabRace);
     m_undoingTab = false;
+    m_refusedClick.clear();
     m_currentTab = kTabRace;
     m_pages->setCurrentIndex(kTabRace);
     cmdOK->setDefault(true);
-    fraResults->hide();
     m_filling = false;
     clearMarks();
 }
@@ -275,9 +309,11 @@ bool frmRace::raceDateLeft()
         return true;
     const QDate date = parseDate(text);
     if (!date.isValid()) {
+        m_refusedClick.note();
         messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
         return false;
     }
+    m_refusedClick.clear();
     txtRaceDate->setText(shortDate(date));
     m_race->setRaceDate(date);
     markRaceChanged();
@@ -311,9 +347,7 @@ void frmRace::raceTypeActivated(int index)
     }
     m_race->setRaceTypeNmbr(itemNumber(cmbRaceType, index));
     markRaceChanged();
-    m_cars = std::make_unique<cCarCollection>();
-    if (m_resultsLoaded)
-        fillCarList();
+    m_results->raceKindChanged();
 }
 
 void frmRace::carTypeActivated(int index)
@@ -327,9 +361,7 @@ void frmRace::carTypeActivated(int index)
     }
     m_race->setCarTypeNmbr(itemNumber(cmbCarType, index));
     markRaceChanged();
-    m_cars = std::make_unique<cCarCollection>();
-    if (m_resultsLoaded)
-        fillCarList();
+    m_results->raceKindChanged();
 }
 
 void frmRace::showRaceNumber()
@@ -337,20 +369,22 @@ void frmRace::showRaceNumber()
     messageBox(u"Race number is "_s + QString::number(m_race->raceNmbr()));
 }
 
-// The field's own leave check, when it has one; true otherwise.
-bool frmRace::runLeaveCheck(QWidget* field)
+// A save by the tab bar, a shortcut or the Yes of Cancel leaves the focus in the field being
+// typed, so the field's rule runs first, exactly as leaving the field would run it.
+bool frmRace::finishPendingField()
 {
-    if (!field)
+    QWidget* focused = focusWidget();
+    if (!focused || !isAncestorOf(focused))
         return true;
-    auto* check = field->findChild<cValidateOnLeave*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* check = focused->findChild<cValidateOnLeave*>(QString(), Qt::FindDirectChildrenOnly);
     return !check || check->validateNow();
 }
 
 bool frmRace::saveRaceForm()
 {
-    if (!leaveCarChooser())
+    if (!m_results->leaveCarChooser())
         return false;
-    leaveTeamChooser();
+    m_headHead->leaveTeamChooser();
     if (m_raceChanged && !saveRaceChanges())
         return false;
     if (m_resultsChanged && !saveResultRows())
@@ -390,11 +424,21 @@ bool frmRace::saveRaceChanges()
     return m_race->CommitChanges();
 }
 
+bool frmRace::saveResultRows()
+{
+    return m_results->save();
+}
+
+bool frmRace::savePairings()
+{
+    return m_headHead->save();
+}
+
 void frmRace::tabChanging(int index)
 {
     if (m_undoingTab || index == m_currentTab)
         return;
-    if (!leaveTab(m_currentTab)) {
+    if (!finishPendingField() || !leaveTab(m_currentTab)) {
         m_undoingTab = true;
         SSTab1->setCurrentIndex(m_currentTab);
         m_undoingTab = false;
@@ -422,7 +466,7 @@ bool frmRace::leaveTab(int tab)
         }
         return true;
     case kTabResults:
-        if (!leaveCarChooser())
+        if (!m_results->leaveCarChooser())
             return false;
         if (m_resultsChanged && !saveResultRows())
             return false;
@@ -431,7 +475,7 @@ bool frmRace::leaveTab(int tab)
         clearMarks();
         return true;
     case kTabHeadHead:
-        leaveTeamChooser();
+        m_headHead->leaveTeamChooser();
         if (m_pairingsChanged) {
             if (!savePairings())
                 return false;
@@ -446,14 +490,28 @@ bool frmRace::leaveTab(int tab)
 
 void frmRace::enterTab(int tab)
 {
-    if (tab == kTabResults)
-        enterResultsTab();
-    else if (tab == kTabHeadHead)
-        enterHeadHeadTab();
+    const bool applyBefore = cmdApply->isEnabled();
+    if (tab == kTabResults) {
+        m_results->enter();
+        m_resultsChanged = false;
+    } else if (tab == kTabHeadHead) {
+        m_pairingsChanged = false;
+        m_headHead->enter();
+        m_pairingsChanged = false;
+    } else {
+        return;
+    }
+    // Filling a tab is no change: cmdApply keeps the state it had.
+    cmdApply->setEnabled(applyBefore);
 }
 
 void frmRace::okClicked()
 {
+    if (m_refusedClick.swallow(cmdOK))
+        return;
+    // A field typed into counts before the question whether anything is unsaved.
+    if (!finishPendingField())
+        return;
     if (cmdApply->isEnabled() && !saveRaceForm())
         return;
     closeForm(true);
@@ -462,22 +520,38 @@ void frmRace::okClicked()
 void frmRace::reject()
 {
     // A choice still open in a chooser counts as typed, so the question below knows of it.
-    leaveCarChooser(false);
-    leaveTeamChooser();
+    m_results->leaveCarChooser(false);
+    m_headHead->leaveTeamChooser();
     if (m_raceChanged || m_resultsChanged) {
         const Answer answer = messageBox(u"Do you want to save changes"_s, m_race->raceName(), Icon::Question,
                                          Buttons::YesNoCancel);
         if (answer == Answer::Cancel)
             return;
-        if (answer == Answer::Yes && !saveRaceForm())
+        if (answer == Answer::Yes && (!finishPendingField() || !saveRaceForm()))
             return;
     }
     closeForm(false);
 }
 
+void frmRace::postResultsClicked()
+{
+    if (m_refusedClick.swallow(m_results->postResultsButton()) || !finishPendingField() || !saveRaceForm())
+        return;
+    pbStatus->setValue(0);
+    pbStatus->show();
+    presenter().setProgressBar(pbStatus);
+    setMousePointer(kPointerHourglass);
+    const auto restore = qScopeGuard([this] {
+        presenter().setProgressBar(nullptr);
+        pbStatus->hide();
+        setMousePointer(kPointerDefault);
+    });
+    postResults(*m_race);
+}
+
 void frmRace::closeForm(bool accepted)
 {
-    m_cars.reset();
+    m_results->releaseCars();
     setStatusText();
     if (accepted)
         QDialog::accept();
@@ -487,67 +561,7 @@ void frmRace::closeForm(bool accepted)
 
 bool frmRace::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == lblRaceName) {
-        if (event->type() == QEvent::MouseButtonRelease && isVisible())
-            showRaceNumber();
-        return false;
-    }
-    if (!isVisible())
-        return false;
-
-    const QEvent::Type type = event->type();
-    if (type == QEvent::KeyPress) {
-        auto* key = static_cast<QKeyEvent*>(event);
-        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-        if (watched == cmbCarNmbr) {
-            if (enter) {
-                addResultRow(m_carRow);
-                return true;
-            }
-            // The chooser stands outside the tab order: Tab goes on from the field it covers.
-            if ((key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) && m_carRow >= 0) {
-                const cResultRow& row = m_rows[static_cast<size_t>(m_carRow)];
-                const bool back = key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier);
-                (back ? static_cast<QWidget*>(row.txtPlace) : row.txtLapsLed)
-                    ->setFocus(back ? Qt::BacktabFocusReason : Qt::TabFocusReason);
-                return true;
-            }
-            return false;
-        }
-        if (watched == cmbTeam) {
-            if (enter) {
-                addPairRow(m_teamRow);
-                return true;
-            }
-            return false;
-        }
-        if (enter) {
-            if (const int row = resultRowOf(watched); row >= 0) {
-                addResultRow(row);
-                return true;
-            }
-            if (const int row = pairRowOf(watched); row >= 0) {
-                addPairRow(row);
-                return true;
-            }
-        }
-        return false;
-    }
-
-    // A field takes the focus before it gets the press, so a press opens the chooser only on a
-    // field that already had the focus (or that a refusing chooser kept it from).
-    if (type == QEvent::FocusIn ||
-        (type == QEvent::MouseButtonPress && static_cast<QWidget*>(watched)->hasFocus())) {
-        if (const int row = resultRowOf(watched);
-            row >= 0 && watched == m_rows[static_cast<size_t>(row)].txtCarNmbr) {
-            enterCarChooser(row);
-        } else if (const int pair = pairRowOf(watched); pair >= 0) {
-            const cPairRow& cells = m_pairs[static_cast<size_t>(pair)];
-            if (watched == cells.txtTeam1)
-                enterTeamChooser(pair, 1);
-            else if (watched == cells.txtTeam2)
-                enterTeamChooser(pair, 2);
-        }
-    }
+    if (watched == lblRaceName && event->type() == QEvent::MouseButtonRelease && isVisible())
+        showRaceNumber();
     return false;
 }

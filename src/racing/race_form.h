@@ -1,28 +1,26 @@
 #pragma once
-#include "league/car.h"
+#include "base/detail_screen.h"
 
 #include <QDialog>
 #include <QString>
 #include <cstdint>
-#include <memory>
-#include <vector>
+#include <functional>
 
+class cRaceHeadHeadTab;
+class cRaceResultsTab;
 class cRaces;
-class cRowGrid;
-class QCheckBox;
 class QComboBox;
-class QFrame;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QPushButton;
-class QScrollBar;
 class QStackedWidget;
 class QTabBar;
 
 // The working screen of one race: its calendar fields (tab "Race"), its real result as a grid of
-// rows (tab "Results") and who plays whom per league (tab "Head to Head", switched off when the
-// screen loads). It edits the record handed in, so callers hand in a working copy (cRaces::copy).
+// rows (tab "Results", cRaceResultsTab) and who plays whom per league (tab "Head to Head",
+// cRaceHeadHeadTab, switched off when the screen loads). The screen holds the tab "Race", the
+// change marks, the save flow and the buttons. It edits the record handed in, so callers hand in a working copy (cRaces::copy).
 //
 // Three change marks (race, results, pairings) decide what a save writes; cmdApply is enabled
 // exactly while one of them is set. A tab change saves what the tab it leaves changed, and stays
@@ -54,6 +52,10 @@ public:
     static void setHeadToHeadTabEnabled(bool enabled);
     static bool headToHeadTabEnabled();
 
+    // The program's new-car command, which Add New Car runs: the application sets it, as this
+    // screen cannot reach the car pane itself. Without one, Add New Car opens the car screen alone.
+    static void setNewCarCommand(std::function<void()> command);
+
 public slots:
     // Cancel, Escape and the close box.
     void reject() override;
@@ -61,26 +63,6 @@ public slots:
 private:
     enum Tab { kTabRace = 0, kTabResults = 1, kTabHeadHead = 2 };
 
-    // One row of the results grid. The car's number is the tag of txtCarNmbr.
-    struct cResultRow {
-        QLineEdit* txtPlace = nullptr;
-        QLineEdit* txtCarNmbr = nullptr;
-        QLineEdit* txtLapsLed = nullptr;
-        QCheckBox* chkFastQual = nullptr;
-        QLineEdit* txtQualified = nullptr;
-        QLineEdit* txtAdjustment = nullptr;
-        int16_t carTag = 0;
-    };
-    // One row of the pairings grid; the team numbers are the tags of the two fields (0 a bye).
-    struct cPairRow {
-        QLineEdit* txtTeam1 = nullptr;
-        QLabel* lblVS = nullptr;
-        QLineEdit* txtTeam2 = nullptr;
-        int16_t team1Tag = 0;
-        int16_t team2Tag = 0;
-    };
-
-    // race_form.cpp: the frame, the tab "Race", saving and the tab changes.
     QWidget* buildRaceTab();
     void fillRaceTypes();
     void fillCarTypes();
@@ -98,67 +80,23 @@ private:
     void tabChanging(int index);
     bool leaveTab(int tab);
     void enterTab(int tab);
+    bool finishPendingField();
     void okClicked();
+    void postResultsClicked();
     void closeForm(bool accepted);
-    bool runLeaveCheck(QWidget* field);
     // A critical box titled "Lapkeeper", then the focus on the field; always false.
     static bool refuse(const QString& text, QWidget* focus);
     static int16_t itemNumber(const QComboBox* combo, int index);
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    // race_results_form.cpp: the tab "Results".
-    QWidget* buildResultsTab();
-    void enterResultsTab();
-    void loadResultRows();
-    void fillCarList();
-    cResultRow& addRow(int16_t place);
-    void removeRowsFrom(int index);
-    int resultRowOf(const QObject* field) const;
-    void installRowRules(cResultRow& row);
-    bool placeLeft(QLineEdit* field);
-    bool numberLeft(QLineEdit* field);
-    void enterCarChooser(int row);
-    // Copies the chooser into its row and closes it; with checkDuplicates a car already in
-    // another row is refused (message, chooser open again, false).
-    bool leaveCarChooser(bool checkDuplicates = true);
-    void placeCarChooser();
-    void addResultRow(int row);
-    void raceStatusActivated(int index);
-    void postResultsClicked();
-    void clearPostingClicked();
-    void clearResultsClicked();
-    void getResultsClicked();
-    void addNewCarClicked();
-
-    // race_head_head_form.cpp: the tab "Head to Head".
-    QWidget* buildHeadHeadTab();
-    void enterHeadHeadTab();
-    void leagueActivated(int index);
-    void fillTeamList(int16_t leagueNmbr);
-    cPairRow& addPairRow();
-    void removePairRowsFrom(int index);
-    int pairRowOf(const QObject* field) const;
-    void enterTeamChooser(int row, int column);
-    void leaveTeamChooser();
-    void placeTeamChooser();
-    void addPairRow(int row);
-
     cRaces* m_race = nullptr;
-    std::unique_ptr<cCarCollection> m_cars;
     bool m_raceChanged = false;
     bool m_resultsChanged = false;
     bool m_pairingsChanged = false;
-    bool m_resultsLoaded = false;
     bool m_filling = false;          // the program is filling a control: no change counts
-    bool m_leavingChooser = false;   // a chooser is being closed: focus moves open nothing
-    int m_carRow = -1;               // the results row that cmbCarNmbr covers
-    int m_teamRow = -1;              // the pairs row that cmbTeam covers
-    int m_teamColumn = 0;            // 1 or 2
-    int16_t m_pairLeague = 0;        // the league whose pairs the grid shows
     int m_currentTab = kTabRace;
     bool m_undoingTab = false;
-    std::vector<cResultRow> m_rows;
-    std::vector<cPairRow> m_pairs;
+    cRefusedClick m_refusedClick;    // a button whose press a refused field undid
 
     // Common to the three tabs.
     QTabBar* SSTab1 = nullptr;
@@ -177,23 +115,6 @@ private:
     QComboBox* cmbRaceType = nullptr;
     QComboBox* cmbCarType = nullptr;
 
-    // Tab "Results".
-    QFrame* fraResults = nullptr;
-    QComboBox* cmbRaceStatus = nullptr;
-    QPushButton* cmdGetResults = nullptr;
-    QPushButton* cmdPostResults = nullptr;
-    QPushButton* cmdClearPosting = nullptr;
-    QPushButton* cmdClearResults = nullptr;
-    QPushButton* cmdAddNewCar = nullptr;
-    QLabel* lblhitEnter = nullptr;
-    cRowGrid* m_resultGrid = nullptr;
-    QScrollBar* VScroll1 = nullptr;
-    QComboBox* cmbCarNmbr = nullptr;
-
-    // Tab "Head to Head".
-    QFrame* Frame2 = nullptr;
-    QComboBox* cmbLeague = nullptr;
-    cRowGrid* m_pairGrid = nullptr;
-    QScrollBar* VScroll2 = nullptr;
-    QComboBox* cmbTeam = nullptr;
+    cRaceResultsTab* m_results = nullptr;     // tab "Results"
+    cRaceHeadHeadTab* m_headHead = nullptr;   // tab "Head to Head"
 };

@@ -1,13 +1,10 @@
 #include "racing/scoring_form.h"
 #include "base/detail_screen.h"
 #include "base/messages.h"
-#include "base/run_trapped.h"
-#include "base/runtime_error.h"
-#include "racing/scoring_grid_form.h"
+#include "racing/scoring_field_rules.h"
 #include "racing/scoring_method.h"
-#include "store/variant.h"
+#include "racing/scoring_rows_tab.h"
 
-#include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -27,7 +24,6 @@ bool isBlankText(const QString& text)
 
 const QString kTitle = u"Lapkeeper"_s;
 const QString kCaption = u"Scoring - "_s;
-const QString kHint = u"Select the enter key to add a new row."_s;
 
 } // namespace
 
@@ -37,29 +33,17 @@ frmScoring::frmScoring(QWidget* parent)
     setObjectName(u"frmScoring"_s);
     setWindowTitle(kCaption);
 
+    m_rules = new cScoringFieldRules(this);
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(u"SSTab1"_s);
     auto* methodPage = new QWidget(SSTab1);
     buildMethodTab(methodPage);
     SSTab1->addTab(methodPage, u"Scoring Method"_s);
 
-    auto* placePage = new QWidget(SSTab1);
-    m_placeGrid = new cScoringGrid({{{u"txtPlace"_s, u"Place"_s},
-                                     {u"txtPoints"_s, u"Finishing Points"_s},
-                                     {u"txtQualPoints"_s, u"Starting Points"_s}}},
-                                   {}, u"VScroll1"_s, placePage);
-    cmdClearScoring = new QPushButton(u"Clear Scoring"_s, placePage);
-    cmdClearScoring->setObjectName(u"cmdClearScoring"_s);
-    SSTab1->addTab(buildGridTab(placePage, m_placeGrid, cmdClearScoring), u"Scoring per Place"_s);
-
-    auto* topPage = new QWidget(SSTab1);
-    m_topGrid = new cScoringGrid({{{u"txtGroupNmbr"_s, u"Number"_s},
-                                   {u"TxtGroupTop"_s, u"Place"_s},
-                                   {u"txtGroupPoints"_s, u"Points"_s}}},
-                                 {{{u"lblInTop"_s, u"In top"_s}, {u"lblEqual"_s, u"="_s}}}, u"VScroll2"_s, topPage);
-    cmdClearTopScoring = new QPushButton(u"Clear Scoring"_s, topPage);
-    cmdClearTopScoring->setObjectName(u"cmdClearTopScoring"_s);
-    SSTab1->addTab(buildGridTab(topPage, m_topGrid, cmdClearTopScoring), u"Top Scoring"_s);
+    m_placeTab = new cScoringRowsTab(cScoringRowsTab::Kind::Place, *m_rules, SSTab1);
+    SSTab1->addTab(m_placeTab, u"Scoring per Place"_s);
+    m_topTab = new cScoringRowsTab(cScoringRowsTab::Kind::Top, *m_rules, SSTab1);
+    SSTab1->addTab(m_topTab, u"Top Scoring"_s);
 
     cmdOk = new QPushButton(u"&OK"_s, this);
     cmdOk->setObjectName(u"cmdOk"_s);
@@ -86,25 +70,19 @@ frmScoring::frmScoring(QWidget* parent)
     connect(cmdOk, &QPushButton::clicked, this, &frmScoring::okClicked);
     connect(cmdCancel, &QPushButton::clicked, this, &frmScoring::reject);
     connect(cmdApply, &QPushButton::clicked, this, &frmScoring::applyClicked);
-    connect(cmdClearScoring, &QPushButton::clicked, this, &frmScoring::clearScoringClicked);
-    connect(cmdClearTopScoring, &QPushButton::clicked, this, &frmScoring::clearTopScoringClicked);
+    connect(m_placeTab->clearButton(), &QPushButton::clicked, this,
+            [this] { clearRowsClicked(m_placeTab, m_pointsChanged); });
+    connect(m_topTab->clearButton(), &QPushButton::clicked, this, [this] { clearRowsClicked(m_topTab, m_topChanged); });
     connect(SSTab1, &QTabWidget::currentChanged, this, &frmScoring::tabChanged);
-
-    connect(m_placeGrid, &cScoringGrid::rowCreated, this, &frmScoring::placeRowCreated);
-    connect(m_topGrid, &cScoringGrid::rowCreated, this, &frmScoring::topRowCreated);
-    connect(m_placeGrid, &cScoringGrid::edited, this, [this] { markChanged(kPlaceTab); });
-    connect(m_topGrid, &cScoringGrid::edited, this, [this] { markChanged(kTopTab); });
-    connect(m_placeGrid, &cScoringGrid::enterPressed, this, [this](int row, int) { gridEnter(m_placeGrid, row); });
-    connect(m_topGrid, &cScoringGrid::enterPressed, this, [this](int row, int) { gridEnter(m_topGrid, row); });
+    connect(m_placeTab, &cScoringRowsTab::edited, this, [this] { markChanged(kPlaceTab); });
+    connect(m_topTab, &cScoringRowsTab::edited, this, [this] { markChanged(kTopTab); });
 }
 
 frmScoring::~frmScoring()
 {
     // The controls outlive this part of the screen while the dialog tears them down: neither
     // their rules nor their signals may reach it any more.
-    for (cValidateOnLeave* check : std::as_const(m_checks))
-        delete check;
-    m_checks.clear();
+    m_rules->removeAll();
     for (QObject* control : findChildren<QObject*>())
         disconnect(control, nullptr, this, nullptr);
 }
@@ -144,29 +122,10 @@ void frmScoring::buildMethodTab(QWidget* page)
     connect(txtScoringTypeName, &QLineEdit::textChanged, this, &frmScoring::nameChanged);
     for (QLineEdit* bonus : {txtLapsLedBonus, txtMostLapsLedBonus, txtFastQualBonus})
         connect(bonus, &QLineEdit::textChanged, this, [this] { markChanged(kMethodTab); });
-    installCheck(txtLapsLedBonus, [](frmScoring* s, QLineEdit* f) {
-        return s->checkBonus(f, &cScoringType::setLapsLedBonus);
-    });
-    installCheck(txtMostLapsLedBonus, [](frmScoring* s, QLineEdit* f) {
-        return s->checkBonus(f, &cScoringType::setMostLapsLedBonus);
-    });
-    installCheck(txtFastQualBonus, [](frmScoring* s, QLineEdit* f) {
-        return s->checkBonus(f, &cScoringType::setFastQualBonus);
-    });
-}
-
-QWidget* frmScoring::buildGridTab(QWidget* page, cScoringGrid* grid, QPushButton* clear)
-{
-    clear->setAutoDefault(false);
-    auto* hint = new QLabel(kHint, page);
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(hint, 1);
-    bottom->addWidget(clear);
-    auto* layout = new QVBoxLayout(page);
-    layout->addWidget(grid);
-    layout->addStretch();
-    layout->addLayout(bottom);
-    return page;
+    m_rules->installBonus(txtLapsLedBonus, [this](int16_t bonus) { storeBonus(&cScoringType::setLapsLedBonus, bonus); });
+    m_rules->installBonus(txtMostLapsLedBonus,
+                          [this](int16_t bonus) { storeBonus(&cScoringType::setMostLapsLedBonus, bonus); });
+    m_rules->installBonus(txtFastQualBonus, [this](int16_t bonus) { storeBonus(&cScoringType::setFastQualBonus, bonus); });
 }
 
 void frmScoring::fill(cScoringType& method)
@@ -180,15 +139,12 @@ void frmScoring::fill(cScoringType& method)
     setWindowTitle(kCaption + method.scoringTypeName());
     SSTab1->setCurrentIndex(kMethodTab);
     m_currentTab = kMethodTab;
-    clearGrid(m_placeGrid);
-    clearGrid(m_topGrid);
-    m_pointsLoaded = false;
-    m_topLoaded = false;
+    m_placeTab->reset();
+    m_topTab->reset();
     m_methodChanged = false;
     m_pointsChanged = false;
     m_topChanged = false;
-    m_refusedField = nullptr;
-    m_refusedClick.clear();
+    m_rules->reset();
     cmdApply->setEnabled(false);
     m_filling = false;
 }
@@ -228,76 +184,12 @@ void frmScoring::nameChanged(const QString& text)
 
 // ---------------------------------------------------------------- field rules on leaving
 
-void frmScoring::installCheck(QLineEdit* field, FieldCheck check)
+void frmScoring::storeBonus(void (cScoringType::*store)(int16_t), int16_t bonus)
 {
-    m_checks.insert(field, cValidateOnLeave::install(field, [this, field, check] { return check(this, field); }));
-}
-
-bool frmScoring::invalidEntry(QLineEdit* field)
-{
-    m_refusedClick.note();
-    m_refusedField = field;
-    messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
-    field->clear();
-    return false;
-}
-
-// Place, number of cars, top places and top points: blank, or a number not below 0.
-bool frmScoring::checkWholeOrBlank(QLineEdit* field)
-{
-    m_refusedField = nullptr;
-    m_refusedClick.clear();
-    const QString text = field->text();
-    if (isBlankText(text))
-        return true;
-    const cVariant typed(text.trimmed());
-    if (!typed.isNumeric() || typed.toDouble() < 0)
-        return invalidEntry(field);
-    return true;
-}
-
-// Points may be negative, as a low-score method needs; blank stands for 0.
-bool frmScoring::checkSignedNumber(QLineEdit* field)
-{
-    m_refusedField = nullptr;
-    m_refusedClick.clear();
-    if (isBlankText(field->text())) {
-        field->setText(u"0"_s);
-        return true;
-    }
-    if (!cVariant(field->text().trimmed()).isNumeric())
-        return invalidEntry(field);
-    return true;
-}
-
-bool frmScoring::checkBonus(QLineEdit* field, void (cScoringType::*store)(int16_t))
-{
-    if (!checkSignedNumber(field))
-        return false;
     if (!m_method)
-        return true;
-    int16_t bonus = 0;
-    // A bonus beyond 16 bits is the run-time error of the conversion; the value stays for correction.
-    if (!runTrapped([&] {
-            bonus = cVariant(field->text().trimmed()).toInt16();
-            return true;
-        })) {
-        m_refusedClick.note();
-        m_refusedField = field;
-        field->selectAll();
-        return false;
-    }
+        return;
     (m_method->*store)(bonus);
     markChanged(kMethodTab);
-    return true;
-}
-
-// A save by the keyboard need not take the focus from the field being typed, so its rule runs here.
-bool frmScoring::validateFocusedField()
-{
-    auto* focused = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    const auto check = m_checks.constFind(focused);
-    return check == m_checks.constEnd() || (*check)->validateNow();
 }
 
 // ---------------------------------------------------------------- tabs
@@ -311,10 +203,17 @@ void frmScoring::tabChanged(int index)
     }
     const Tab left = static_cast<Tab>(m_currentTab);
     // Hiding the page moved the focus off a field whose rule refused it: the page stays.
-    if (m_refusedField && SSTab1->widget(left)->isAncestorOf(m_refusedField)) {
-        QLineEdit* field = m_refusedField;
+    if (QLineEdit* field = m_rules->refusedField(); field && SSTab1->widget(left)->isAncestorOf(field)) {
         keepTab(left);
         field->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    // Leaving a field by the tab bar runs its rule first, as any other way of leaving it does.
+    if (!m_rules->validatePendingField()) {
+        QLineEdit* field = m_rules->refusedField();
+        keepTab(left);
+        if (field)
+            field->setFocus(Qt::OtherFocusReason);
         return;
     }
     if (!leaveTab(left)) {
@@ -322,10 +221,13 @@ void frmScoring::tabChanged(int index)
         return;
     }
     m_currentTab = index;
-    if (index == kPlaceTab && !m_pointsLoaded)
-        loadScoringRows();
-    else if (index == kTopTab && !m_topLoaded)
-        loadTopScoringRows();
+    cScoringRowsTab* entered = index == kPlaceTab ? m_placeTab : index == kTopTab ? m_topTab : nullptr;
+    if (entered && !entered->loaded()) {
+        const bool filling = m_filling;
+        m_filling = true;
+        entered->load(m_method->scoringTypeNmbr());
+        m_filling = filling;
+    }
 }
 
 bool frmScoring::leaveTab(Tab tab)
@@ -383,6 +285,28 @@ bool frmScoring::saveScoringMethod()
     return m_method->CommitChanges();
 }
 
+bool frmScoring::saveScoringRows()
+{
+    return m_placeTab->save(m_method->scoringTypeNmbr());
+}
+
+bool frmScoring::saveTopScoringRows()
+{
+    return m_topTab->save(m_method->scoringTypeNmbr());
+}
+
+void frmScoring::addScoringRow()
+{
+    m_placeTab->addRow();
+}
+
+void frmScoring::addTopScoringRow()
+{
+    m_topTab->addRow();
+}
+
+// Saves the method and then its unsaved per-place rows; with the method saved, the per-place
+// rows alone; else the top rows. Unsaved top rows wait while either of the others is saved.
 bool frmScoring::saveScoringForm()
 {
     if (!m_method)
@@ -411,14 +335,14 @@ bool frmScoring::saveScoringForm()
 
 void frmScoring::applyClicked()
 {
-    if (m_refusedClick.swallow(cmdApply) || !validateFocusedField())
+    if (m_rules->swallow(cmdApply) || !m_rules->validatePendingField())
         return;
     saveScoringForm();
 }
 
 void frmScoring::okClicked()
 {
-    if (m_refusedClick.swallow(cmdOk) || !validateFocusedField())
+    if (m_rules->swallow(cmdOk) || !m_rules->validatePendingField())
         return;
     if (cmdApply->isEnabled() && !saveScoringForm())
         return;
@@ -432,8 +356,21 @@ void frmScoring::reject()
                                          Buttons::YesNoCancel);
         if (answer == Answer::Cancel)
             return;
-        if (answer == Answer::Yes && !saveScoringForm())
+        if (answer == Answer::Yes && (!m_rules->validatePendingField() || !saveScoringForm()))
             return;
     }
     QDialog::reject();
+}
+
+void frmScoring::clearRowsClicked(cScoringRowsTab* tab, bool& changed)
+{
+    if (m_rules->swallow(tab->clearButton()) || !m_method)
+        return;
+    m_filling = true;
+    const bool cleared = tab->clear(*m_method);
+    m_filling = false;
+    if (!cleared)
+        return;
+    changed = false;
+    updateApply();
 }

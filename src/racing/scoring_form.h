@@ -1,20 +1,17 @@
 #pragma once
-#include "base/detail_screen.h"
 #include <QDialog>
-#include <QHash>
 #include <cstdint>
 
-class cScoringGrid;
+class cScoringFieldRules;
+class cScoringRowsTab;
 class cScoringType;
-class cValidateOnLeave;
-class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTabWidget;
 
 // The scoring method screen. Tab "Scoring Method" edits the record handed in (a working copy);
-// tab "Scoring per Place" and tab "Top Scoring" edit the method's rows of scoring_points and
-// scoring_top_points, each saved as a whole grid. Leaving a tab saves it.
+// tab "Scoring per Place" and tab "Top Scoring" (cScoringRowsTab) edit the method's rows of
+// scoring_points and scoring_top_points, each saved as a whole grid. Leaving a tab saves it.
 class frmScoring : public QDialog {
     Q_OBJECT
 public:
@@ -41,31 +38,17 @@ public:
 
 private:
     enum Tab { kMethodTab = 0, kPlaceTab = 1, kTopTab = 2 };
-    using FieldCheck = bool (*)(frmScoring*, QLineEdit*);
 
     void buildMethodTab(QWidget* page);
-    QWidget* buildGridTab(QWidget* page, cScoringGrid* grid, QPushButton* clear);
     bool active() const;
     void markChanged(Tab tab);
     void updateApply();
     void nameChanged(const QString& text);
-    bool checkBonus(QLineEdit* field, void (cScoringType::*store)(int16_t));
-    bool checkWholeOrBlank(QLineEdit* field);
-    bool checkSignedNumber(QLineEdit* field);
-    bool invalidEntry(QLineEdit* field);
-    bool validateFocusedField();
-    void installCheck(QLineEdit* field, FieldCheck check);
-    void clearGrid(cScoringGrid* grid);
-    void placeRowCreated(int row);
-    void topRowCreated(int row);
-    void gridEnter(cScoringGrid* grid, int row);
-    void loadScoringRows();
-    void loadTopScoringRows();
+    void storeBonus(void (cScoringType::*store)(int16_t), int16_t bonus);
     void tabChanged(int index);
     bool leaveTab(Tab tab);
     void keepTab(Tab tab);
-    void clearScoringClicked();
-    void clearTopScoringClicked();
+    void clearRowsClicked(cScoringRowsTab* tab, bool& changed);
     void applyClicked();
     void okClicked();
 
@@ -73,23 +56,17 @@ private:
     bool m_methodChanged = false;
     bool m_pointsChanged = false;
     bool m_topChanged = false;
-    bool m_pointsLoaded = false;
-    bool m_topLoaded = false;
     bool m_filling = false;
     int m_currentTab = kMethodTab;
-    cRefusedClick m_refusedClick;   // a button whose press a refused field undid
-    QLineEdit* m_refusedField = nullptr;     // the field whose rule refused it last, if any
-    QHash<QLineEdit*, cValidateOnLeave*> m_checks;
+    cScoringFieldRules* m_rules = nullptr;   // the fields' leave rules, of all three tabs
 
     QTabWidget* SSTab1 = nullptr;
     QLineEdit* txtScoringTypeName = nullptr;
     QLineEdit* txtLapsLedBonus = nullptr;
     QLineEdit* txtMostLapsLedBonus = nullptr;
     QLineEdit* txtFastQualBonus = nullptr;
-    cScoringGrid* m_placeGrid = nullptr;   // txtPlace, txtPoints, txtQualPoints; VScroll1
-    cScoringGrid* m_topGrid = nullptr;     // txtGroupNmbr, TxtGroupTop, txtGroupPoints; VScroll2
-    QPushButton* cmdClearScoring = nullptr;
-    QPushButton* cmdClearTopScoring = nullptr;
+    cScoringRowsTab* m_placeTab = nullptr;   // tab "Scoring per Place"
+    cScoringRowsTab* m_topTab = nullptr;     // tab "Top Scoring"
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;
     QPushButton* cmdApply = nullptr;

@@ -58,7 +58,11 @@ Record* selectedIn()
 
 cRecordScreens& recordScreens()
 {
-    static cRecordScreens screens = realScreens();
+    static cRecordScreens screens = [] {
+        // The race screen's Add New Car is this program's new-car command, so the car pane follows.
+        frmRace::setNewCarCommand(newCar);
+        return realScreens();
+    }();
     return screens;
 }
 

@@ -1,6 +1,8 @@
 #include "race_screen.h"
 #include "racing/posting.h"
 
+#include <functional>
+
 namespace {
 
 class RaceForm : public RaceScreen {
@@ -15,7 +17,42 @@ protected:
             season.hold(team, cars.last(), u"2002-01-01"_s);
         }
     }
+    // The league's race with the three cars stored in places 1-3, the screen open on its results.
+    int16_t openStoredRace()
+    {
+        if (cars.isEmpty())
+            league();
+        const int16_t number = raceNmbr ? raceNmbr : season.race(u"2002-02-17"_s);
+        raceNmbr = number;
+        Season::run(u"DELETE FROM results"_s);
+        for (int i = 0; i < cars.size(); ++i)
+            season.result(number, cars[i], i + 1);
+        race = cRaces();
+        open(number);
+        clickTab(1);
+        return number;
+    }
+    void clickTab(int index)
+    {
+        auto* bar = get<QTabBar>(u"SSTab1"_s);
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
+        settle();
+    }
+    // Types into a grid field as the operator does: click, select all, type.
+    void typeInto(QLineEdit* edit, const QString& text)
+    {
+        QTest::mouseClick(edit, Qt::LeftButton);
+        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(edit, Qt::Key_Backspace);
+        QTest::keyClicks(edit, text);
+    }
+    QString storedResults()
+    {
+        return app.scalar(u"SELECT group_concat(car_nmbr || ':' || place, ' ') FROM "
+                                  u"(SELECT * FROM results ORDER BY car_nmbr)"_s);
+    }
     int16_t team = 0;
+    int16_t raceNmbr = 0;
     QList<int16_t> cars;
 };
 
@@ -228,6 +265,97 @@ TEST_F(RaceForm, withResultsTheSeriesAndKindStayAndTheEighthRowEnablesTheScrollB
     EXPECT_EQ(bar->value(), 1);
     EXPECT_TRUE(cell(u"txtPlace"_s, 7)->isVisible());
     EXPECT_FALSE(cell(u"txtPlace"_s, 0)->isVisible());
+}
+
+TEST_F(RaceForm, aClearedPlaceSavedWithoutLeavingTheFieldBecomesZeroAndKeepsItsCar)
+{
+    struct Path {
+        const char* name;
+        std::function<void()> save;
+    };
+    // (Alt+O also stands for Clear P&osting on this tab, so there it only moves the focus.)
+    const Path paths[] = {
+        {"tab bar", [this] { clickTab(0); }},
+        {"Alt+A", [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::AltModifier); }},
+        {"Alt+P", [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_P, Qt::AltModifier); }},
+        {"Cancel, Yes",
+         [this] {
+             app.presenter().queueAnswer(Answer::Yes);
+             QTest::mouseClick(get<QPushButton>(u"cmdCancel"_s), Qt::LeftButton);
+         }},
+    };
+    for (const Path& path : paths) {
+        SCOPED_TRACE(path.name);
+        openStoredRace();
+        typeInto(cell(u"txtPlace"_s, 1), {});
+        app.presenter().clear();
+        auto* apply = get<QPushButton>(u"cmdApply"_s);
+        ASSERT_TRUE(apply->isEnabled());
+        path.save();
+        // A shortcut clicks its button a moment later; the save disables Apply.
+        EXPECT_TRUE(QTest::qWaitFor([apply] { return !apply->isEnabled(); }));
+        EXPECT_EQ(storedResults(), u"500:1 501:0 502:3"_s);
+        EXPECT_TRUE(app.presenter().boxes().isEmpty() || lastBox().text == u"Do you want to save changes"_s)
+            << qPrintable(lastBox().text);
+        form.hide();
+    }
+}
+
+TEST_F(RaceForm, aRefusedPlaceStopsTheClickOnApplyOkAndPostResultsAndKeepsTheFocus)
+{
+    for (const QString& button : {u"cmdApply"_s, u"cmdOK"_s, u"cmdPostResults"_s}) {
+        SCOPED_TRACE(qPrintable(button));
+        openStoredRace();
+        typeInto(cell(u"txtPlace"_s, 1), u"-1"_s);
+        app.presenter().clear();
+        QTest::mouseClick(get<QPushButton>(button), Qt::LeftButton);
+        settle();
+        EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"Invalid Entry"_s});
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_EQ(form.focusWidget(), cell(u"txtPlace"_s, 1));
+        EXPECT_EQ(storedResults(), u"500:1 501:2 502:3"_s);
+        EXPECT_EQ(app.count(u"team_results"_s), 0);
+        form.hide();
+    }
+}
+
+TEST_F(RaceForm, aCarRetypedOverARowsCarReplacesItAndTextMatchingNoCarLeavesTheRowWithoutOne)
+{
+    league();
+    season.car(u"8"_s);           // a car whose number begins another's, in no row
+    openStoredRace();             // 24, 3 and 88 in places 1-3
+    auto* chooser = get<QComboBox>(u"cmbCarNmbr"_s);
+    auto retype = [&](int row, const QString& typed) {
+        QTest::mouseClick(cell(u"txtCarNmbr"_s, row), Qt::LeftButton);
+        ASSERT_TRUE(chooser->isVisible());
+        QTest::keyClicks(chooser, typed);
+        QTest::keyClick(chooser, Qt::Key_Tab);
+        settle();
+    };
+    retype(0, u"8"_s);
+    retype(2, u"24"_s);
+    EXPECT_EQ(cell(u"txtCarNmbr"_s, 0)->text() + u'|' + cell(u"txtCarNmbr"_s, 2)->text(), u"8|24"_s);
+    QTest::mouseClick(get<QPushButton>(u"cmdApply"_s), Qt::LeftButton);
+    EXPECT_TRUE(app.presenter().boxes().isEmpty()) << qPrintable(lastBox().text);
+    EXPECT_EQ(storedResults(), u"500:3 501:2 503:1"_s);
+
+    // "2" begins car 24's number but is no car: the row is left without one, and the box says so.
+    for (const QString& typed : {u"2"_s, u"99"_s}) {
+        SCOPED_TRACE(qPrintable(typed));
+        app.presenter().clear();
+        retype(1, typed);
+        EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"Car "_s + typed + u" was not found for this Race Type and Scoring By"_s});
+        EXPECT_EQ(lastBox().icon, Icon::Critical);
+        EXPECT_EQ(cell(u"txtCarNmbr"_s, 1)->text(), QString());
+        EXPECT_EQ(focusName(), u"cmbCarNmbr"_s);
+        EXPECT_EQ(chooser->geometry(), cell(u"txtCarNmbr"_s, 1)->geometry());
+    }
+    // Saved as it stands, the row goes without a car.
+    app.presenter().clear();
+    QTest::keyClick(chooser, Qt::Key_Tab);
+    QTest::mouseClick(get<QPushButton>(u"cmdApply"_s), Qt::LeftButton);
+    EXPECT_TRUE(app.presenter().boxes().isEmpty()) << qPrintable(lastBox().text);
+    EXPECT_EQ(storedResults(), u"500:3 503:1"_s);
 }
 
 } // namespace

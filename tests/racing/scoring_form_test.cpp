@@ -4,6 +4,7 @@
 
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <gtest/gtest.h>
 
@@ -239,6 +240,52 @@ TEST_F(ScoringScreen, clearButtonsAskThenDeleteTheRowsAtOnce)
                   u"Mine"_s);
     EXPECT_EQ(app.count(u"scoring_top_points"_s), 0);
     EXPECT_EQ(texts(u"txtGroupNmbr"_s) + u'|' + texts(u"TxtGroupTop"_s) + u'|' + texts(u"txtGroupPoints"_s), u"0|0|0"_s);
+}
+
+TEST_F(ScoringScreen, aBonusTypedAndLeftByATabChangeOrCancelsYesIsSavedWithTheTypedValue)
+{
+    storeMine();
+    auto bonuses = [this] {
+        return app.scalar(u"SELECT laps_led_bonus || '/' || most_laps_led_bonus || '/' || fast_qual_bonus FROM scoring_type "
+                          u"WHERE scoring_type_nmbr = 500"_s);
+    };
+    // A click on the tab bar saves the tab left, the bonus still in its field.
+    open(500);
+    QLineEdit* lapsLed = field(u"txtLapsLedBonus"_s);
+    QTest::mouseClick(lapsLed, Qt::LeftButton);
+    QTest::keyClick(lapsLed, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(lapsLed, u"7"_s);
+    QTabBar* bar = tabs()->tabBar();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+    EXPECT_EQ(tabs()->currentIndex(), 1);
+    EXPECT_EQ(bonuses(), u"7/0/0"_s);
+    EXPECT_FALSE(applyEnabled());
+    EXPECT_TRUE(app.presenter().boxes().isEmpty());
+    form.hide();
+
+    // Cancel answered Yes saves the bonus as typed and closes.
+    open(500);
+    QLineEdit* fastQual = field(u"txtFastQualBonus"_s);
+    QTest::mouseClick(fastQual, Qt::LeftButton);
+    QTest::keyClick(fastQual, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(fastQual, u"-2"_s);
+    app.presenter().queueAnswer(Answer::Yes);
+    click(u"cmdCancel"_s);
+    expectLastBox(app, u"Do you want to save changes"_s, Icon::Question, Buttons::YesNoCancel, u"Mine"_s);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(bonuses(), u"7/0/-2"_s);
+
+    // A refused bonus keeps the tab and saves nothing.
+    open(500);
+    QTest::mouseClick(lapsLed, Qt::LeftButton);
+    QTest::keyClick(lapsLed, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(lapsLed, u"x"_s);
+    app.presenter().clear();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(2).center());
+    EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"Invalid Entry"_s});
+    EXPECT_EQ(tabs()->currentIndex(), 0);
+    EXPECT_EQ(form.focusWidget(), lapsLed);
+    EXPECT_EQ(bonuses(), u"7/0/-2"_s);
 }
 
 } // namespace

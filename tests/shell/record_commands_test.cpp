@@ -2,8 +2,13 @@
 #include "league/league.h"
 #include "league/team.h"
 #include "pane_fixture.h"
+#include "racing/race_form.h"
 #include "racing/races.h"
 #include "racing/scoring_method.h"
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QTabBar>
 
 using namespace Qt::StringLiterals;
 
@@ -168,4 +173,35 @@ TEST_F(RecordCommandTest, commandsDoNothingWithoutASelectedRow)
     }
     EXPECT_EQ(screens, 0);
     EXPECT_TRUE(boxes().boxes().isEmpty());
+}
+
+TEST_F(PaneTest, addNewCarOnTheRaceScreenRunsTheNewCarCommandSoTheCarPaneAndTheChooserShowTheCar)
+{
+    int screens = 0;
+    recordScreens().car = [&screens](cCar& car) {
+        ++screens;
+        car.setCarTxt(u"77"_s);
+        car.setRaceTypeNmbr(1);
+        car.setCarTypeNmbr(1);
+        car.CommitChanges();
+    };
+    cRaces race;
+    race.setRaceName(u"Dayport"_s);
+    race.setRaceDate(QDate(2002, 2, 17));
+    race.setRaceTypeNmbr(1);
+    race.setCarTypeNmbr(1);
+    ASSERT_TRUE(race.CommitChanges());
+
+    frmRace form(m_window.get());
+    form.fill(race);
+    showActive(form);
+    auto* bar = child<QTabBar>(form, u"SSTab1"_s);
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+    QTest::mouseClick(child<QPushButton>(form, u"cmdAddNewCar"_s), Qt::LeftButton);
+    EXPECT_EQ(screens, 1);
+    ASSERT_NE(frmDisplayCars::existing(), nullptr);
+    EXPECT_EQ(selected(*frmDisplayCars::existing()), u"77"_s);
+    EXPECT_GE(child<QComboBox>(form, u"cmbCarNmbr"_s)->findText(u"77"_s), 0);
+    EXPECT_TRUE(boxes().boxes().isEmpty()) << qPrintable(boxes().boxTexts().join(u" / "_s));
+    form.hide();
 }

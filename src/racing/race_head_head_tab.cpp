@@ -5,7 +5,7 @@
 #include "league/league_teams.h"
 #include "league/team.h"
 #include "racing/head_head.h"
-#include "racing/race_form.h"
+#include "racing/race_head_head_tab.h"
 #include "racing/race_row_grid_form.h"
 #include "racing/races.h"
 
@@ -14,6 +14,7 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -26,12 +27,17 @@ namespace {
 
 const QString kBye = u"BYE"_s;
 
+int16_t itemNumber(const QComboBox* combo, int index)
+{
+    return static_cast<int16_t>(combo->itemData(index).toInt());
+}
+
 } // namespace
 
-QWidget* frmRace::buildHeadHeadTab()
+cRaceHeadHeadTab::cRaceHeadHeadTab(Host host, QWidget* parent)
+    : QWidget(parent), m_host(std::move(host))
 {
-    auto* page = new QWidget(this);
-    Frame2 = new QFrame(page);
+    Frame2 = new QFrame(this);
     Frame2->setObjectName(u"Frame2"_s);
 
     cmbLeague = new QComboBox(Frame2);
@@ -73,7 +79,7 @@ QWidget* frmRace::buildHeadHeadTab()
     frame->addLayout(grid, 1);
     frame->addWidget(hint);
 
-    auto* layout = new QVBoxLayout(page);
+    auto* layout = new QVBoxLayout(this);
     layout->addWidget(Frame2);
 
     addPairRow();
@@ -86,11 +92,23 @@ QWidget* frmRace::buildHeadHeadTab()
                 leaveTeamChooser();
         }
     });
-    connect(cmbLeague, &QComboBox::activated, this, &frmRace::leagueActivated);
-    return page;
+    connect(cmbLeague, &QComboBox::activated, this, &cRaceHeadHeadTab::leagueActivated);
 }
 
-frmRace::cPairRow& frmRace::addPairRow()
+cRaceHeadHeadTab::~cRaceHeadHeadTab() = default;
+
+void cRaceHeadHeadTab::setRace(cRaces& race)
+{
+    m_race = &race;
+}
+
+void cRaceHeadHeadTab::markChanged()
+{
+    if (!m_filling && m_host.pairingsChanged)
+        m_host.pairingsChanged();
+}
+
+cRaceHeadHeadTab::cPairRow& cRaceHeadHeadTab::addPairRow()
 {
     const bool filling = m_filling;
     m_filling = true;
@@ -100,7 +118,7 @@ frmRace::cPairRow& frmRace::addPairRow()
         edit->setObjectName(name);
         edit->setReadOnly(true);
         edit->installEventFilter(this);
-        connect(edit, &QLineEdit::textChanged, this, &frmRace::markPairingsChanged);
+        connect(edit, &QLineEdit::textChanged, this, &cRaceHeadHeadTab::markChanged);
         return edit;
     };
     row.txtTeam1 = team(u"txtTeam1"_s);
@@ -116,7 +134,7 @@ frmRace::cPairRow& frmRace::addPairRow()
     return m_pairs.back();
 }
 
-void frmRace::removePairRowsFrom(int index)
+void cRaceHeadHeadTab::removePairRowsFrom(int index)
 {
     if (m_teamRow >= index) {
         m_leavingChooser = true;
@@ -128,14 +146,13 @@ void frmRace::removePairRowsFrom(int index)
     m_pairs.resize(static_cast<size_t>(m_pairGrid->rowCount()));
 }
 
-int frmRace::pairRowOf(const QObject* field) const
+int cRaceHeadHeadTab::pairRowOf(const QObject* field) const
 {
     return m_pairGrid->rowOf(field);
 }
 
-void frmRace::enterHeadHeadTab()
+void cRaceHeadHeadTab::enter()
 {
-    const bool applyBefore = cmdApply->isEnabled();
     cLeagueCollection leagues;
     leagues.load(m_race->raceTypeNmbr(), m_race->carTypeNmbr());
     m_filling = true;
@@ -144,7 +161,6 @@ void frmRace::enterHeadHeadTab()
         cmbLeague->addItem(league.leagueName(), int(league.leagueNmbr()));
     m_filling = false;
     m_pairLeague = 0;
-    m_pairingsChanged = false;
     if (cmbLeague->count() > 0) {
         cmbLeague->setCurrentIndex(0);
         leagueActivated(0);
@@ -153,22 +169,20 @@ void frmRace::enterHeadHeadTab()
         m_pairs.front().txtTeam1->setText(kBye);
         m_pairs.front().txtTeam2->setText(kBye);
     }
-    m_pairingsChanged = false;
-    cmdApply->setEnabled(applyBefore);
 }
 
-void frmRace::leagueActivated(int index)
+void cRaceHeadHeadTab::leagueActivated(int index)
 {
     if (index < 0)
         return;
-    if (m_pairingsChanged) {
+    if (m_host.unsaved && m_host.unsaved()) {
         // The pairs on screen belong to the league shown before; a refused save keeps them there.
-        if (!savePairings()) {
+        if (!save()) {
             cmbLeague->setCurrentIndex(cmbLeague->findData(int(m_pairLeague)));
             return;
         }
-        m_pairingsChanged = false;
-        cmdApply->setEnabled(anythingChanged());
+        if (m_host.pairingsSaved)
+            m_host.pairingsSaved();
     }
     const bool filling = m_filling;
     m_filling = true;
@@ -205,7 +219,7 @@ void frmRace::leagueActivated(int index)
     m_filling = filling;
 }
 
-void frmRace::fillTeamList(int16_t leagueNmbr)
+void cRaceHeadHeadTab::fillTeamList(int16_t leagueNmbr)
 {
     const bool filling = m_filling;
     m_filling = true;
@@ -221,7 +235,7 @@ void frmRace::fillTeamList(int16_t leagueNmbr)
     m_filling = filling;
 }
 
-void frmRace::enterTeamChooser(int row, int column)
+void cRaceHeadHeadTab::enterTeamChooser(int row, int column)
 {
     if (m_leavingChooser || row < 0 || row >= static_cast<int>(m_pairs.size()))
         return;
@@ -246,7 +260,7 @@ void frmRace::enterTeamChooser(int row, int column)
     cmbTeam->showPopup();
 }
 
-void frmRace::placeTeamChooser()
+void cRaceHeadHeadTab::placeTeamChooser()
 {
     if (m_teamRow < 0)
         return;
@@ -255,7 +269,7 @@ void frmRace::placeTeamChooser()
     cmbTeam->setGeometry((m_teamColumn == 1 ? cells.txtTeam1 : cells.txtTeam2)->geometry());
 }
 
-void frmRace::leaveTeamChooser()
+void cRaceHeadHeadTab::leaveTeamChooser()
 {
     if (m_leavingChooser || m_teamRow < 0 || !cmbTeam->isVisible())
         return;
@@ -270,7 +284,7 @@ void frmRace::leaveTeamChooser()
         tag = itemNumber(cmbTeam, index);
         field->setText(cmbTeam->itemText(index));
         if (tag != before)
-            markPairingsChanged();
+            markChanged();
     }
     cmbTeam->hidePopup();
     if (cmbTeam->hasFocus())
@@ -280,7 +294,7 @@ void frmRace::leaveTeamChooser()
     m_leavingChooser = false;
 }
 
-void frmRace::addPairRow(int row)
+void cRaceHeadHeadTab::addPairRow(int row)
 {
     if (row < 0 || row >= static_cast<int>(m_pairs.size()))
         return;
@@ -295,7 +309,7 @@ void frmRace::addPairRow(int row)
     first->setFocus(Qt::OtherFocusReason);
 }
 
-bool frmRace::savePairings()
+bool cRaceHeadHeadTab::save()
 {
     leaveTeamChooser();
     if (m_pairLeague == 0)
@@ -308,4 +322,37 @@ bool frmRace::savePairings()
     }
     // With every row a bye the league's pairs of this race are removed: the grid is what is saved.
     return list.update(m_pairLeague, m_race->raceNmbr());
+}
+
+bool cRaceHeadHeadTab::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!window()->isVisible())
+        return false;
+    const QEvent::Type type = event->type();
+    if (type == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
+            return false;
+        if (watched == cmbTeam) {
+            addPairRow(m_teamRow);
+            return true;
+        }
+        if (const int row = pairRowOf(watched); row >= 0) {
+            addPairRow(row);
+            return true;
+        }
+        return false;
+    }
+    // As with the car chooser: a press opens the chooser only on a field that had the focus.
+    if (type == QEvent::FocusIn ||
+        (type == QEvent::MouseButtonPress && static_cast<QWidget*>(watched)->hasFocus())) {
+        if (const int pair = pairRowOf(watched); pair >= 0) {
+            const cPairRow& cells = m_pairs[static_cast<size_t>(pair)];
+            if (watched == cells.txtTeam1)
+                enterTeamChooser(pair, 1);
+            else if (watched == cells.txtTeam2)
+                enterTeamChooser(pair, 2);
+        }
+    }
+    return false;
 }

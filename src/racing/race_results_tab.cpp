@@ -4,8 +4,7 @@
 #include "base/detail_screen.h"
 #include "base/messages.h"
 #include "league/car_form.h"
-#include "racing/posting.h"
-#include "racing/race_form.h"
+#include "racing/race_results_tab.h"
 #include "racing/race_row_grid_form.h"
 #include "racing/races.h"
 #include "racing/results.h"
@@ -16,11 +15,10 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <cmath>
@@ -47,12 +45,31 @@ std::optional<int16_t> entryNumber(const QString& text)
     return static_cast<int16_t>(rounded);
 }
 
+int16_t itemNumber(const QComboBox* combo, int index)
+{
+    return static_cast<int16_t>(combo->itemData(index).toInt());
+}
+
+bool refuse(const QString& text, QWidget* focus)
+{
+    return refuseField(text, focus);
+}
+
+// The field's own leave check, when it has one; true otherwise.
+bool runLeaveCheck(QWidget* field)
+{
+    if (!field)
+        return true;
+    auto* check = field->findChild<cValidateOnLeave*>(QString(), Qt::FindDirectChildrenOnly);
+    return !check || check->validateNow();
+}
+
 } // namespace
 
-QWidget* frmRace::buildResultsTab()
+cRaceResultsTab::cRaceResultsTab(cRefusedClick& refusedClick, Host host, QWidget* parent)
+    : QWidget(parent), m_refusedClick(refusedClick), m_host(std::move(host))
 {
-    auto* page = new QWidget(this);
-    fraResults = new QFrame(page);
+    fraResults = new QFrame(this);
     fraResults->setObjectName(u"fraResults"_s);
 
     cmbRaceStatus = new QComboBox(fraResults);
@@ -90,6 +107,8 @@ QWidget* frmRace::buildResultsTab()
     cmbCarNmbr = new QComboBox(m_resultGrid);
     cmbCarNmbr->setObjectName(u"cmbCarNmbr"_s);
     cmbCarNmbr->setMaxVisibleItems(20);
+    // A pick from the list names the car by itself; what was typed before it no longer counts.
+    connect(cmbCarNmbr, &QComboBox::activated, this, [this] { m_typedCar.clear(); });
     cmbCarNmbr->hide();
     cmbCarNmbr->installEventFilter(this);
     cValidateOnLeave::install(cmbCarNmbr, [this] { return leaveCarChooser(); });
@@ -126,7 +145,7 @@ QWidget* frmRace::buildResultsTab()
     frame->addSpacing(6);
     frame->addLayout(commands);
 
-    auto* layout = new QVBoxLayout(page);
+    auto* layout = new QVBoxLayout(this);
     layout->addWidget(fraResults);
 
     addRow(1);
@@ -139,16 +158,44 @@ QWidget* frmRace::buildResultsTab()
                 leaveCarChooser();
         }
     });
-    connect(cmbRaceStatus, &QComboBox::activated, this, &frmRace::raceStatusActivated);
-    connect(cmdGetResults, &QPushButton::clicked, this, &frmRace::getResultsClicked);
-    connect(cmdPostResults, &QPushButton::clicked, this, &frmRace::postResultsClicked);
-    connect(cmdClearPosting, &QPushButton::clicked, this, &frmRace::clearPostingClicked);
-    connect(cmdClearResults, &QPushButton::clicked, this, &frmRace::clearResultsClicked);
-    connect(cmdAddNewCar, &QPushButton::clicked, this, &frmRace::addNewCarClicked);
-    return page;
+    connect(cmbRaceStatus, &QComboBox::activated, this, &cRaceResultsTab::raceStatusActivated);
+    connect(cmdGetResults, &QPushButton::clicked, this, &cRaceResultsTab::getResultsClicked);
+    connect(cmdPostResults, &QPushButton::clicked, this, &cRaceResultsTab::postResultsRequested);
+    connect(cmdClearPosting, &QPushButton::clicked, this, &cRaceResultsTab::clearPostingClicked);
+    connect(cmdClearResults, &QPushButton::clicked, this, &cRaceResultsTab::clearResultsClicked);
+    connect(cmdAddNewCar, &QPushButton::clicked, this, &cRaceResultsTab::addNewCarClicked);
 }
 
-frmRace::cResultRow& frmRace::addRow(int16_t place)
+cRaceResultsTab::~cRaceResultsTab() = default;
+
+void cRaceResultsTab::setRace(cRaces& race)
+{
+    m_race = &race;
+    m_cars = std::make_unique<cCarCollection>();
+    m_cars->load(race.raceTypeNmbr(), race.carTypeNmbr());
+    m_resultsLoaded = false;
+    fraResults->hide();
+}
+
+void cRaceResultsTab::raceKindChanged()
+{
+    m_cars = std::make_unique<cCarCollection>();
+    if (m_resultsLoaded)
+        fillCarList();
+}
+
+void cRaceResultsTab::releaseCars()
+{
+    m_cars.reset();
+}
+
+void cRaceResultsTab::markChanged()
+{
+    if (!m_filling && m_host.resultsChanged)
+        m_host.resultsChanged();
+}
+
+cRaceResultsTab::cResultRow& cRaceResultsTab::addRow(int16_t place)
 {
     const bool filling = m_filling;
     m_filling = true;
@@ -188,21 +235,21 @@ frmRace::cResultRow& frmRace::addRow(int16_t place)
     return m_rows.back();
 }
 
-void frmRace::installRowRules(cResultRow& row)
+void cRaceResultsTab::installRowRules(cResultRow& row)
 {
     for (QLineEdit* edit : {row.txtPlace, row.txtCarNmbr, row.txtLapsLed, row.txtQualified, row.txtAdjustment}) {
         edit->installEventFilter(this);
-        connect(edit, &QLineEdit::textChanged, this, &frmRace::markResultsChanged);
+        connect(edit, &QLineEdit::textChanged, this, &cRaceResultsTab::markChanged);
     }
     row.chkFastQual->installEventFilter(this);
-    connect(row.chkFastQual, &QCheckBox::clicked, this, &frmRace::markResultsChanged);
+    connect(row.chkFastQual, &QCheckBox::clicked, this, &cRaceResultsTab::markChanged);
     QLineEdit* place = row.txtPlace;
     cValidateOnLeave::install(place, [this, place] { return placeLeft(place); });
     for (QLineEdit* edit : {row.txtLapsLed, row.txtQualified, row.txtAdjustment})
         cValidateOnLeave::install(edit, [this, edit] { return numberLeft(edit); });
 }
 
-void frmRace::removeRowsFrom(int index)
+void cRaceResultsTab::removeRowsFrom(int index)
 {
     if (m_carRow >= index) {
         m_leavingChooser = true;
@@ -215,45 +262,55 @@ void frmRace::removeRowsFrom(int index)
     m_rows.resize(static_cast<size_t>(m_resultGrid->rowCount()));
 }
 
-int frmRace::resultRowOf(const QObject* field) const
+int cRaceResultsTab::resultRowOf(const QObject* field) const
 {
     return m_resultGrid->rowOf(field);
 }
 
 // A place is a number of 0 or above; blank stands for 0.
-bool frmRace::placeLeft(QLineEdit* field)
+bool cRaceResultsTab::placeLeft(QLineEdit* field)
 {
     const QString text = field->text().trimmed();
     if (text.isEmpty()) {
         field->setText(u"0"_s);
-        return true;
+        return passed();
     }
     const std::optional<int16_t> place = entryNumber(text);
     if (place && *place >= 0)
-        return true;
-    messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
-    field->clear();
-    return false;
+        return passed();
+    return invalidEntry(field);
 }
 
 // Laps led, qualifying place and adjustment take any number, negative ones too.
-bool frmRace::numberLeft(QLineEdit* field)
+bool cRaceResultsTab::numberLeft(QLineEdit* field)
 {
     const QString text = field->text().trimmed();
     if (text.isEmpty()) {
         field->setText(u"0"_s);
-        return true;
+        return passed();
     }
     if (entryNumber(text))
-        return true;
+        return passed();
+    return invalidEntry(field);
+}
+
+bool cRaceResultsTab::passed()
+{
+    m_refusedClick.clear();
+    return true;
+}
+
+// The button whose press took the focus from the field must not act on this refusal.
+bool cRaceResultsTab::invalidEntry(QLineEdit* field)
+{
+    m_refusedClick.note();
     messageBox(u"Invalid Entry"_s, kTitle, Icon::Critical);
     field->clear();
     return false;
 }
 
-void frmRace::enterResultsTab()
+void cRaceResultsTab::enter()
 {
-    const bool applyBefore = cmdApply->isEnabled();
     m_filling = true;
     cRaceStatusCollection statuses;
     statuses.load();
@@ -266,14 +323,14 @@ void frmRace::enterResultsTab()
 
     if (!m_resultsLoaded)
         loadResultRows();
-    m_resultsChanged = false;
-    cmdApply->setEnabled(applyBefore);
+    if (m_host.reloaded)
+        m_host.reloaded();
     m_resultGrid->refresh();
     fraResults->show();
     setStatusText();
 }
 
-void frmRace::loadResultRows()
+void cRaceResultsTab::loadResultRows()
 {
     setStatusText(u"Loading Results "_s + m_race->raceName());
     fillCarList();
@@ -309,7 +366,7 @@ void frmRace::loadResultRows()
 }
 
 // The chooser lists the cars of the race's series and kind: drivers by name, cars by number.
-void frmRace::fillCarList()
+void cRaceResultsTab::fillCarList()
 {
     const bool filling = m_filling;
     m_filling = true;
@@ -324,7 +381,7 @@ void frmRace::fillCarList()
     m_filling = filling;
 }
 
-void frmRace::enterCarChooser(int row)
+void cRaceResultsTab::enterCarChooser(int row)
 {
     if (m_leavingChooser || row < 0 || row >= static_cast<int>(m_rows.size()))
         return;
@@ -339,8 +396,9 @@ void frmRace::enterCarChooser(int row)
     const QString text = m_rows[static_cast<size_t>(row)].txtCarNmbr->text().trimmed();
     const bool filling = m_filling;
     m_filling = true;
-    // A text that is not in the list (a car of another series) stays as it is unless a car is chosen.
+    // A text that is not in the list (a car of another series) stays as it is unless a car is given.
     cmbCarNmbr->setCurrentIndex(text.isEmpty() ? 0 : cmbCarNmbr->findText(text));
+    m_typedCar.clear();
     m_filling = filling;
     placeCarChooser();
     cmbCarNmbr->show();
@@ -349,7 +407,7 @@ void frmRace::enterCarChooser(int row)
     lblhitEnter->show();
 }
 
-void frmRace::placeCarChooser()
+void cRaceResultsTab::placeCarChooser()
 {
     if (m_carRow < 0)
         return;
@@ -357,21 +415,34 @@ void frmRace::placeCarChooser()
     cmbCarNmbr->setGeometry(m_rows[static_cast<size_t>(m_carRow)].txtCarNmbr->geometry());
 }
 
-bool frmRace::leaveCarChooser(bool checkDuplicates)
+// What the operator typed into the chooser names the row's car exactly (case aside), so that "2"
+// is not taken for "24"; without typing, the entry shown is the car. Typed text that names no car
+// leaves the row without one, and the box says so.
+bool cRaceResultsTab::leaveCarChooser(bool checkDuplicates)
 {
     if (m_leavingChooser || m_carRow < 0 || !cmbCarNmbr->isVisible())
         return true;
     m_leavingChooser = true;
     const int rowIndex = m_carRow;
     cResultRow& row = m_rows[static_cast<size_t>(rowIndex)];
-    const int index = cmbCarNmbr->currentIndex();
+    const QString typed = m_typedCar.trimmed();
+    const bool wasTyped = !m_typedCar.isEmpty();
+    m_typedCar.clear();
+    int index = cmbCarNmbr->currentIndex();
+    if (wasTyped)
+        index = typed.isEmpty() ? 0 : cmbCarNmbr->findText(typed, Qt::MatchFixedString);
+    bool unknown = false;
+    const int16_t before = row.carTag;
     if (index >= 0) {
-        const int16_t before = row.carTag;
         row.carTag = itemNumber(cmbCarNmbr, index);
         row.txtCarNmbr->setText(cmbCarNmbr->itemText(index));
-        if (row.carTag != before)
-            markResultsChanged();
+    } else if (wasTyped) {
+        row.carTag = 0;
+        row.txtCarNmbr->clear();
+        unknown = true;
     }
+    if (row.carTag != before || unknown)
+        markChanged();
     const QString text = row.txtCarNmbr->text().trimmed();
     if (cmbCarNmbr->hasFocus())
         row.txtCarNmbr->setFocus(Qt::OtherFocusReason);
@@ -380,6 +451,11 @@ bool frmRace::leaveCarChooser(bool checkDuplicates)
     m_carRow = -1;
     m_leavingChooser = false;
 
+    if (unknown) {
+        messageBox(u"Car "_s + typed + u" was not found for this Race Type and Scoring By"_s, kTitle, Icon::Critical);
+        enterCarChooser(rowIndex);
+        return false;
+    }
     if (!checkDuplicates || text.isEmpty())
         return true;
     for (size_t other = 0; other < m_rows.size(); ++other) {
@@ -393,7 +469,7 @@ bool frmRace::leaveCarChooser(bool checkDuplicates)
 }
 
 // Enter in a row: on to the next row's car, or a new row below the last with the next place.
-void frmRace::addResultRow(int row)
+void cRaceResultsTab::addResultRow(int row)
 {
     if (row < 0 || row >= static_cast<int>(m_rows.size()))
         return;
@@ -414,15 +490,16 @@ void frmRace::addResultRow(int row)
     car->setFocus(Qt::OtherFocusReason);
 }
 
-void frmRace::raceStatusActivated(int index)
+void cRaceResultsTab::raceStatusActivated(int index)
 {
     if (index < 0)
         return;
     m_race->setRaceStatusNmbr(itemNumber(cmbRaceStatus, index));
-    markRaceChanged();
+    if (m_host.raceChanged)
+        m_host.raceChanged();
 }
 
-bool frmRace::saveResultRows()
+bool cRaceResultsTab::save()
 {
     if (!leaveCarChooser())
         return false;
@@ -455,23 +532,7 @@ bool frmRace::saveResultRows()
     return list.insertResults();
 }
 
-void frmRace::postResultsClicked()
-{
-    if (!saveRaceForm())
-        return;
-    pbStatus->setValue(0);
-    pbStatus->show();
-    presenter().setProgressBar(pbStatus);
-    setMousePointer(kPointerHourglass);
-    const auto restore = qScopeGuard([this] {
-        presenter().setProgressBar(nullptr);
-        pbStatus->hide();
-        setMousePointer(kPointerDefault);
-    });
-    postResults(*m_race);
-}
-
-void frmRace::clearPostingClicked()
+void cRaceResultsTab::clearPostingClicked()
 {
     const QString name = m_race->raceName();
     if (messageBox(u"Are you sure you want to delete the posting for "_s + name + u"?"_s, name, Icon::Question,
@@ -482,7 +543,7 @@ void frmRace::clearPostingClicked()
     results.deletePosting(m_race->raceNmbr());
 }
 
-void frmRace::clearResultsClicked()
+void cRaceResultsTab::clearResultsClicked()
 {
     const QString name = m_race->raceName();
     if (messageBox(u"Are you sure you want to delete results for "_s + name + u"?"_s, name, Icon::Question,
@@ -491,8 +552,8 @@ void frmRace::clearResultsClicked()
     cResultsCollection results;
     results.deleteResults(m_race->raceNmbr());
     m_resultsLoaded = false;
-    enterResultsTab();
-    if (m_currentTab != kTabResults)
+    enter();
+    if (!isVisible())
         return;
     cResultRow& first = m_rows.front();
     const bool filling = m_filling;
@@ -504,24 +565,109 @@ void frmRace::clearResultsClicked()
     first.txtPlace->setFocus(Qt::OtherFocusReason);
 }
 
-void frmRace::getResultsClicked()
+void cRaceResultsTab::getResultsClicked()
 {
     // The series with download files (race types 1 and 6) fetch theirs through the exchange
     // unit, which this screen does not use yet; until then they answer as every other type does.
-    messageBox(u"Downloads not available for "_s + cmbRaceType->currentText(), kTitle, Icon::None, Buttons::Ok);
+    messageBox(u"Downloads not available for "_s + (m_host.raceTypeText ? m_host.raceTypeText() : QString()), kTitle, Icon::None, Buttons::Ok);
 }
 
-void frmRace::addNewCarClicked()
+// The program's new-car command (the car screen, then the car pane refreshed); the car list and
+// the chooser follow with the new car.
+void cRaceResultsTab::addNewCarClicked()
 {
-    cCar car;
-    frmCar screen(this);
-    screen.showWith(car);
+    const bool chooserOpen = m_carRow >= 0 && cmbCarNmbr->isVisible();
+    const QString text = chooserOpen ? cmbCarNmbr->currentText().trimmed() : QString();
+    if (!m_host.newCar || !m_host.newCar()) {
+        cCar car;
+        frmCar screen(this);
+        screen.showWith(car);
+    }
     m_cars = std::make_unique<cCarCollection>();
     m_cars->load(m_race->raceTypeNmbr(), m_race->carTypeNmbr());
     fillCarList();
-    if (m_carRow >= 0 && cmbCarNmbr->isVisible()) {
-        const QString text = m_rows[static_cast<size_t>(m_carRow)].txtCarNmbr->text().trimmed();
+    if (chooserOpen && cmbCarNmbr->isVisible()) {
+        const bool filling = m_filling;
+        m_filling = true;
         cmbCarNmbr->setCurrentIndex(text.isEmpty() ? 0 : cmbCarNmbr->findText(text));
+        m_filling = filling;
     }
     m_resultGrid->update();
+}
+
+bool cRaceResultsTab::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!window()->isVisible())
+        return false;
+
+    const QEvent::Type type = event->type();
+    if (type == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (watched == cmbCarNmbr) {
+            if (enter) {
+                addResultRow(m_carRow);
+                return true;
+            }
+            if (typeIntoCarChooser(*key))
+                return true;
+            // The chooser stands outside the tab order: Tab goes on from the field it covers.
+            if ((key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) && m_carRow >= 0) {
+                const cResultRow& row = m_rows[static_cast<size_t>(m_carRow)];
+                const bool back = key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier);
+                (back ? static_cast<QWidget*>(row.txtPlace) : row.txtLapsLed)
+                    ->setFocus(back ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+                return true;
+            }
+            return false;
+        }
+        if (enter) {
+            if (const int row = resultRowOf(watched); row >= 0) {
+                addResultRow(row);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // A field takes the focus before it gets the press, so a press opens the chooser only on a
+    // field that already had the focus (or that a refusing chooser kept it from).
+    if (type == QEvent::FocusIn ||
+        (type == QEvent::MouseButtonPress && static_cast<QWidget*>(watched)->hasFocus())) {
+        if (const int row = resultRowOf(watched);
+            row >= 0 && watched == m_rows[static_cast<size_t>(row)].txtCarNmbr)
+            enterCarChooser(row);
+    }
+    return false;
+}
+
+// Typing into the chooser: the typed text is kept, and the entry it names (or the first that
+// begins with it) is shown as the operator types. Backspace takes back the last character.
+bool cRaceResultsTab::typeIntoCarChooser(const QKeyEvent& key)
+{
+    if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    if (key.key() == Qt::Key_Backspace) {
+        if (m_typedCar.isEmpty())
+            m_typedCar = cmbCarNmbr->currentText().trimmed();
+        m_typedCar.chop(1);
+        if (m_typedCar.isEmpty())
+            m_typedCar = u" "_s;   // typed away: blank, which is no car
+    } else if (key.text().isEmpty() || !key.text().at(0).isPrint()) {
+        return false;
+    } else {
+        if (m_typedCar.trimmed().isEmpty())
+            m_typedCar.clear();
+        m_typedCar += key.text();
+    }
+    const QString typed = m_typedCar.trimmed();
+    int index = typed.isEmpty() ? 0 : cmbCarNmbr->findText(typed, Qt::MatchFixedString);
+    if (index < 0)
+        index = cmbCarNmbr->findText(typed, Qt::MatchStartsWith);
+    const bool filling = m_filling;
+    m_filling = true;
+    if (index >= 0)
+        cmbCarNmbr->setCurrentIndex(index);
+    m_filling = filling;
+    return true;
 }
