@@ -105,37 +105,24 @@ frmRace::frmRace(QWidget* parent)
     // The pairings tab stays off unless the one setting switches it on.
     SSTab1->setTabEnabled(kTabHeadHead, headToHeadTabEnabled());
 
-    cmdOK = new QPushButton(u"&OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(u"&Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdCancel->setAutoDefault(false);
-    // Cancel takes no focus from a click, so a field that refuses to be left does not block it.
-    cmdCancel->setFocusPolicy(Qt::TabFocus);
-    cmdApply = new QPushButton(u"&Apply"_s, this);
-    cmdApply->setObjectName(u"cmdApply"_s);
-    cmdApply->setAutoDefault(false);
-    cmdApply->setEnabled(false);
+    const cButtonRow buttons = makeButtonRow(this);
+    cmdOK = buttons.ok;
+    cmdCancel = buttons.cancel;
+    cmdApply = buttons.apply;
     pbStatus = new QProgressBar(this);
     pbStatus->setObjectName(u"pbStatus"_s);
     pbStatus->setRange(0, 100);
     pbStatus->setTextVisible(false);
     pbStatus->hide();
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(pbStatus, 1);
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    buttons->addWidget(cmdApply);
+    buttons.layout->insertWidget(0, pbStatus, 1);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(0);
     layout->addWidget(SSTab1);
     layout->addWidget(m_pages, 1);
     layout->addSpacing(8);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.layout);
 
     connect(SSTab1, &QTabBar::currentChanged, this, &frmRace::tabChanging);
     connect(cmdOK, &QPushButton::clicked, this, &frmRace::okClicked);
@@ -241,22 +228,19 @@ void frmRace::fillRaceTypes()
 {
     cRaceTypeCollection raceTypes;
     raceTypes.load();
-    cmbRaceType->clear();
-    for (const cRaceType& raceType : raceTypes)
-        cmbRaceType->addItem(raceType.raceTypeName(), int(raceType.raceTypeNmbr()));
-    const bool named = !raceTypes.getRaceTypeName(cVariant(int(m_race->raceTypeNmbr()))).isEmpty();
-    cmbRaceType->setCurrentIndex(named ? cmbRaceType->findData(int(m_race->raceTypeNmbr())) : -1);
+    fillNumberCombo(cmbRaceType, raceTypes, [](const cRaceType& r) { return r.raceTypeNmbr(); },
+                    [](const cRaceType& r) { return r.raceTypeName(); });
+    selectComboNumber(cmbRaceType, m_race->raceTypeNmbr(),
+                      !raceTypes.getRaceTypeName(cVariant(int(m_race->raceTypeNmbr()))).isEmpty());
 }
 
 void frmRace::fillCarTypes()
 {
     cCarTypeCollection carTypes;
     carTypes.loadNoBonus();
-    cmbCarType->clear();
-    for (const cCarType& carType : carTypes)
-        cmbCarType->addItem(carType.carTypeName(), int(carType.carTypeNmbr()));
-    const bool named = !carTypes.getCarTypeName(m_race->carTypeNmbr()).isEmpty();
-    cmbCarType->setCurrentIndex(named ? cmbCarType->findData(int(m_race->carTypeNmbr())) : -1);
+    fillNumberCombo(cmbCarType, carTypes, [](const cCarType& c) { return c.carTypeNmbr(); },
+                    [](const cCarType& c) { return c.carTypeName(); });
+    selectComboNumber(cmbCarType, m_race->carTypeNmbr(), !carTypes.getCarTypeName(m_race->carTypeNmbr()).isEmpty());
 }
 
 void frmRace::refreshCaption()
@@ -522,15 +506,11 @@ void frmRace::reject()
     // A choice still open in a chooser counts as typed, so the question below knows of it.
     m_results->leaveCarChooser(false);
     m_headHead->leaveTeamChooser();
-    if (m_raceChanged || m_resultsChanged) {
-        const Answer answer = messageBox(u"Do you want to save changes"_s, m_race->raceName(), Icon::Question,
-                                         Buttons::YesNoCancel);
-        if (answer == Answer::Cancel)
-            return;
-        if (answer == Answer::Yes && (!finishPendingField() || !saveRaceForm()))
-            return;
-    }
-    closeForm(false);
+    const bool changed = m_raceChanged || m_resultsChanged;
+    if (cancelClosesScreen(changed, changed ? m_race->raceName() : QString(),
+                           [this] { return finishPendingField() && saveRaceForm(); },
+                           YesOnCancel::SaveAndCloseIfSaved))
+        closeForm(false);
 }
 
 void frmRace::postResultsClicked()

@@ -314,11 +314,10 @@ void cRaceResultsTab::enter()
     m_filling = true;
     cRaceStatusCollection statuses;
     statuses.load();
-    cmbRaceStatus->clear();
-    for (const cRaceStatus& status : statuses)
-        cmbRaceStatus->addItem(status.raceStatusName(), int(status.raceStatusNmbr()));
-    const bool named = !statuses.getraceStatusName(m_race->raceStatusNmbr()).isEmpty();
-    cmbRaceStatus->setCurrentIndex(named ? cmbRaceStatus->findData(int(m_race->raceStatusNmbr())) : -1);
+    fillNumberCombo(cmbRaceStatus, statuses, [](const cRaceStatus& r) { return r.raceStatusNmbr(); },
+                    [](const cRaceStatus& r) { return r.raceStatusName(); });
+    selectComboNumber(cmbRaceStatus, m_race->raceStatusNmbr(),
+                      !statuses.getraceStatusName(m_race->raceStatusNmbr()).isEmpty());
     m_filling = false;
 
     if (!m_resultsLoaded)

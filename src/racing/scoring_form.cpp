@@ -45,27 +45,13 @@ frmScoring::frmScoring(QWidget* parent)
     m_topTab = new cScoringRowsTab(cScoringRowsTab::Kind::Top, *m_rules, SSTab1);
     SSTab1->addTab(m_topTab, u"Top Scoring"_s);
 
-    cmdOk = new QPushButton(u"&OK"_s, this);
-    cmdOk->setObjectName(u"cmdOk"_s);
-    cmdOk->setDefault(true);
-    cmdCancel = new QPushButton(u"&Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    cmdCancel->setAutoDefault(false);
-    // Cancel takes no focus from a click, so an unfinished field does not stand in its way.
-    cmdCancel->setFocusPolicy(Qt::TabFocus);
-    cmdApply = new QPushButton(u"&Apply"_s, this);
-    cmdApply->setObjectName(u"cmdApply"_s);
-    cmdApply->setAutoDefault(false);
-    cmdApply->setEnabled(false);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOk);
-    buttons->addWidget(cmdCancel);
-    buttons->addWidget(cmdApply);
+    const cButtonRow buttons = makeButtonRow(this, {.okName = u"cmdOk"_s});
+    cmdOk = buttons.ok;
+    cmdCancel = buttons.cancel;
+    cmdApply = buttons.apply;
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1, 1);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.layout);
 
     connect(cmdOk, &QPushButton::clicked, this, &frmScoring::okClicked);
     connect(cmdCancel, &QPushButton::clicked, this, &frmScoring::reject);
@@ -351,15 +337,11 @@ void frmScoring::okClicked()
 
 void frmScoring::reject()
 {
-    if (m_method && (m_methodChanged || m_pointsChanged)) {
-        const Answer answer = messageBox(u"Do you want to save changes"_s, m_method->scoringTypeName(), Icon::Question,
-                                         Buttons::YesNoCancel);
-        if (answer == Answer::Cancel)
-            return;
-        if (answer == Answer::Yes && (!m_rules->validatePendingField() || !saveScoringForm()))
-            return;
-    }
-    QDialog::reject();
+    const bool changed = m_method && (m_methodChanged || m_pointsChanged);
+    if (cancelClosesScreen(changed, changed ? m_method->scoringTypeName() : QString(),
+                           [this] { return m_rules->validatePendingField() && saveScoringForm(); },
+                           YesOnCancel::SaveAndCloseIfSaved))
+        QDialog::reject();
 }
 
 void frmScoring::clearRowsClicked(cScoringRowsTab* tab, bool& changed)
