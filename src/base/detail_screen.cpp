@@ -128,26 +128,29 @@ bool cancelClosesScreen(bool changed, const QString& title, const std::function<
     return true;
 }
 
+QPushButton* makeButton(QWidget* parent, const QString& name, const QString& caption)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
 cButtonRow makeButtonRow(QWidget* screen, const cButtonRow::Style& style)
 {
     cButtonRow row;
-    row.ok = new QPushButton(QStringLiteral("&OK"), screen);
-    row.ok->setObjectName(style.okName);
-    row.cancel = new QPushButton(QStringLiteral("&Cancel"), screen);
-    row.cancel->setObjectName(QStringLiteral("cmdCancel"));
+    row.ok = makeButton(screen, style.okName, QStringLiteral("&OK"));
+    row.cancel = makeButton(screen, QStringLiteral("cmdCancel"), QStringLiteral("&Cancel"));
     row.cancel->setFocusPolicy(Qt::TabFocus);
     if (style.withApply) {
-        row.apply = new QPushButton(QStringLiteral("&Apply"), screen);
-        row.apply->setObjectName(QStringLiteral("cmdApply"));
+        row.apply = makeButton(screen, QStringLiteral("cmdApply"), QStringLiteral("&Apply"));
         row.apply->setEnabled(false);
     }
     row.layout = new QHBoxLayout;
     row.layout->addStretch();
     for (QPushButton* button : {row.ok, row.cancel, row.apply}) {
-        if (!button)
-            continue;
-        button->setAutoDefault(false);
-        row.layout->addWidget(button);
+        if (button)
+            row.layout->addWidget(button);
     }
     row.ok->setDefault(style.okIsDefault);
     return row;

@@ -33,6 +33,9 @@ struct cButtonRow {
 cButtonRow makeButtonRow(QWidget* screen, const cButtonRow::Style& style);
 inline cButtonRow makeButtonRow(QWidget* screen) { return makeButtonRow(screen, cButtonRow::Style{}); }
 
+// A push button of a screen, named and captioned, that never presses itself on Enter.
+QPushButton* makeButton(QWidget* parent, const QString& name, const QString& caption);
+
 // What Yes to "Do you want to save changes" does on Cancel; the screens differ here.
 enum class YesOnCancel {
     SaveAndClose,          // saves and closes whatever the save's result

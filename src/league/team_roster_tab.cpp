@@ -1,4 +1,5 @@
 #include "league/team_roster_tab.h"
+#include "base/detail_screen.h"
 #include "base/messages.h"
 #include "base/row_tag.h"
 #include "league/car.h"
@@ -81,12 +82,7 @@ cTeamRosterTab::cTeamRosterTab(QWidget* parent)
     auto* totalLabel = new QLabel(u"Total Salary:"_s, page);
     totalLabel->setBuddy(txtTotalSalary);
 
-    auto button = [page](const QString& name, const QString& caption) {
-        auto* b = new QPushButton(caption, page);
-        b->setObjectName(name);
-        b->setAutoDefault(false);
-        return b;
-    };
+    auto button = [page](const QString& name, const QString& caption) { return makeButton(page, name, caption); };
     cmdAdd = button(u"cmdAdd"_s, u"&Add"_s);
     CmdAddMultiple = button(u"CmdAddMultiple"_s, u"Add Multiple"_s);
     cmdUpdate = button(u"cmdUpdate"_s, u"&Update"_s);

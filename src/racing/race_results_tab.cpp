@@ -77,12 +77,7 @@ cRaceResultsTab::cRaceResultsTab(cRefusedClick& refusedClick, Host host, QWidget
     auto* statusLabel = new QLabel(u"Result Status:"_s, fraResults);
     statusLabel->setBuddy(cmbRaceStatus);
 
-    auto button = [this](const QString& name, const QString& text) {
-        auto* push = new QPushButton(text, fraResults);
-        push->setObjectName(name);
-        push->setAutoDefault(false);
-        return push;
-    };
+    auto button = [this](const QString& name, const QString& text) { return makeButton(fraResults, name, text); };
     cmdGetResults = button(u"cmdGetResults"_s, u"&Get Results"_s);
     cmdPostResults = button(u"cmdPostResults"_s, u"&Post Results"_s);
     cmdClearPosting = button(u"cmdClearPosting"_s, u"Clear P&osting"_s);

@@ -90,9 +90,7 @@ void frmDisplayCars::buildEditor()
     }
 
     auto button = [this](const QString& name, const QString& caption, void (frmDisplayCars::*handler)()) {
-        auto* push = new QPushButton(caption, this);
-        push->setObjectName(name);
-        push->setAutoDefault(false);
+        QPushButton* push = makeButton(this, name, caption);
         connect(push, &QPushButton::clicked, this, handler);
         return push;
     };
