@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTabBar>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -131,6 +132,22 @@ inline void retype(QLineEdit* field, const QString& typed)
     field->selectAll();
     QTest::keyClick(field, Qt::Key_Delete);
     QTest::keyClicks(field, typed);
+}
+
+// Replaces what a field holds as the operator does with the mouse: click, select all, type.
+inline void clickAndRetype(QLineEdit* field, const QString& typed)
+{
+    QTest::mouseClick(field, Qt::LeftButton);
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(field, Qt::Key_Backspace);
+    QTest::keyClicks(field, typed);
+}
+
+// Clicks a tab of a tab bar, so the tab left runs its rules as on a real click.
+inline void clickTab(QTabBar* bar, int index)
+{
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
+    QApplication::processEvents();
 }
 
 inline QString focusName()

@@ -1,5 +1,6 @@
 #pragma once
 // The race screen opened offscreen on a real data file, driven by control names.
+#include "league/league_fixtures.h"
 #include "racing/race_form.h"
 #include "racing/races.h"
 #include "season.h"
@@ -25,17 +26,10 @@ protected:
             ASSERT_EQ(race.load(raceNmbr), 1);
         }
         form.fill(race);
-        form.show();
-        form.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        showActive(form);
     }
     template <class T>
-    T* get(const QString& name)
-    {
-        T* widget = form.findChild<T*>(name);
-        EXPECT_NE(widget, nullptr) << qPrintable(name);
-        return widget;
-    }
+    T* get(const QString& name) { return child<T>(form, name); }
     QLineEdit* field(const QString& name) { return get<QLineEdit>(name); }
     // The row's field of a grid column (rows from 0).
     QLineEdit* cell(const QString& column, int row)
@@ -45,7 +39,6 @@ protected:
         return cells.value(row);
     }
     int rows() { return static_cast<int>(form.findChildren<QLineEdit*>(u"txtPlace"_s).size()); }
-    QString focusName() { return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString(); }
     void settle() { QApplication::processEvents(); }
 
     void tab(int index)
@@ -53,28 +46,15 @@ protected:
         get<QTabBar>(u"SSTab1"_s)->setCurrentIndex(index);
         settle();
     }
+    void clickTab(int index) { ::clickTab(get<QTabBar>(u"SSTab1"_s), index); }
     int currentTab() { return get<QTabBar>(u"SSTab1"_s)->currentIndex(); }
-    void type(QLineEdit* edit, const QString& text)
-    {
-        edit->setFocus(Qt::TabFocusReason);
-        edit->selectAll();
-        QTest::keyClick(edit, Qt::Key_Backspace);
-        QTest::keyClicks(edit, text);
-    }
     // Leaves a field the way Tab does, so its rule runs.
     void leaveTo(QWidget* next)
     {
         next->setFocus(Qt::TabFocusReason);
         settle();
     }
-    void choose(const QString& combo, int number)
-    {
-        auto* list = get<QComboBox>(combo);
-        const int index = list->findData(number);
-        ASSERT_GE(index, 0) << qPrintable(combo);
-        list->setCurrentIndex(index);
-        emit list->activated(index);
-    }
+    void choose(const QString& combo, int number) { ::choose(get<QComboBox>(combo), number); }
     // Opens the car chooser on a row and picks the entry shown as text (" " for none).
     void chooseCar(int row, const QString& text)
     {

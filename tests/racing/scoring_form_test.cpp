@@ -252,11 +252,8 @@ TEST_F(ScoringScreen, aBonusTypedAndLeftByATabChangeOrCancelsYesIsSavedWithTheTy
     // A click on the tab bar saves the tab left, the bonus still in its field.
     open(500);
     QLineEdit* lapsLed = field(u"txtLapsLedBonus"_s);
-    QTest::mouseClick(lapsLed, Qt::LeftButton);
-    QTest::keyClick(lapsLed, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(lapsLed, u"7"_s);
-    QTabBar* bar = tabs()->tabBar();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+    clickAndRetype(lapsLed, u"7"_s);
+    clickTab(tabs()->tabBar(), 1);
     EXPECT_EQ(tabs()->currentIndex(), 1);
     EXPECT_EQ(bonuses(), u"7/0/0"_s);
     EXPECT_FALSE(applyEnabled());
@@ -265,23 +262,18 @@ TEST_F(ScoringScreen, aBonusTypedAndLeftByATabChangeOrCancelsYesIsSavedWithTheTy
 
     // Cancel answered Yes saves the bonus as typed and closes.
     open(500);
-    QLineEdit* fastQual = field(u"txtFastQualBonus"_s);
-    QTest::mouseClick(fastQual, Qt::LeftButton);
-    QTest::keyClick(fastQual, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(fastQual, u"-2"_s);
+    clickAndRetype(field(u"txtFastQualBonus"_s), u"-2"_s);
     app.presenter().queueAnswer(Answer::Yes);
     click(u"cmdCancel"_s);
-    expectLastBox(app, u"Do you want to save changes"_s, Icon::Question, Buttons::YesNoCancel, u"Mine"_s);
+    EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"Do you want to save changes"_s});
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(bonuses(), u"7/0/-2"_s);
 
     // A refused bonus keeps the tab and saves nothing.
     open(500);
-    QTest::mouseClick(lapsLed, Qt::LeftButton);
-    QTest::keyClick(lapsLed, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(lapsLed, u"x"_s);
+    clickAndRetype(lapsLed, u"x"_s);
     app.presenter().clear();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(2).center());
+    clickTab(tabs()->tabBar(), 2);
     EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"Invalid Entry"_s});
     EXPECT_EQ(tabs()->currentIndex(), 0);
     EXPECT_EQ(form.focusWidget(), lapsLed);

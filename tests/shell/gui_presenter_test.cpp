@@ -62,6 +62,13 @@ QString writeOpener(const QTemporaryDir& dir, const QString& name, const QString
     return path;
 }
 
+// An empty file made in the folder; its path, or "" (which no launch finds) when it cannot be made.
+QString emptyFile(const QTemporaryDir& dir, const QString& name)
+{
+    QFile file(dir.filePath(name));
+    return file.open(QIODevice::WriteOnly) ? file.fileName() : QString();
+}
+
 QString argumentOf(const QString& opener)
 {
     QFile file(opener + u".arg"_s);
@@ -133,21 +140,19 @@ TEST(GuiPresenter, LaunchRunAndPlayFailForMissingFilesAndOpenExistingOnes)
     EXPECT_EQ(gui.launch(dir.filePath(u"missing.html"_s)), 2);
     EXPECT_EQ(gui.launch(QUrl::fromLocalFile(dir.filePath(u"missing.html"_s)).toString()), 2);
 
-    QFile page(dir.filePath(u"index.html"_s));
-    ASSERT_TRUE(page.open(QIODevice::WriteOnly));
-    page.close();
+    const QString page = emptyFile(dir, u"index.html"_s);
     UrlCatcher catcher;
     // Without the desktop's opener installed, the toolkit's desktop services take the file.
     gui.setOpener(u"no-such-opener-lapkeeper"_s);
     QDesktopServices::setUrlHandler(u"file"_s, &catcher, "open");
-    const int plain = gui.launch(u"  "_s + page.fileName() + u" "_s);
-    const int anchored = gui.launch(QUrl::fromLocalFile(page.fileName()).toString() + u"#context-500"_s);
+    const int plain = gui.launch(u"  "_s + page + u" "_s);
+    const int anchored = gui.launch(QUrl::fromLocalFile(page).toString() + u"#context-500"_s);
     QDesktopServices::unsetUrlHandler(u"file"_s);
 
     EXPECT_GE(plain, 33);
     EXPECT_GE(anchored, 33);
     ASSERT_EQ(catcher.urls.size(), 2);
-    EXPECT_EQ(catcher.urls[0].toLocalFile(), page.fileName());
+    EXPECT_EQ(catcher.urls[0].toLocalFile(), page);
     EXPECT_EQ(catcher.urls[1].fragment(), u"context-500"_s);
     EXPECT_EQ(gui.runProgram(u"no-such-program-lapkeeper"_s, {}), 2);
     EXPECT_EQ(gui.runProgram(u"/nonexistent/tool"_s, {}), 2);
@@ -213,9 +218,7 @@ TEST(GuiPresenter, launchCountsOnlyAnOpenerThatHandedTheFileOnAsSuccess)
 {
     GuiPresenter gui;
     QTemporaryDir dir;
-    QFile page(dir.filePath(u"report.html"_s));
-    ASSERT_TRUE(page.open(QIODevice::WriteOnly));
-    page.close();
+    const QString page = emptyFile(dir, u"report.html"_s);
 
     // The opener's exit status: 0 handed on, 1 bad argument, 2 no such file, 3 no handler for
     // the type, 4 the handler failed; anything else has no text of its own.
@@ -223,11 +226,11 @@ TEST(GuiPresenter, launchCountsOnlyAnOpenerThatHandedTheFileOnAsSuccess)
     for (const auto& [exitCode, result] : cases) {
         const QString opener = writeOpener(dir, u"opener%1"_s.arg(exitCode), u"exit %1"_s.arg(exitCode));
         gui.setOpener(opener);
-        EXPECT_EQ(gui.launch(page.fileName()), result) << exitCode;
-        EXPECT_EQ(argumentOf(opener), page.fileName());
+        EXPECT_EQ(gui.launch(page), result) << exitCode;
+        EXPECT_EQ(argumentOf(opener), page);
     }
     // An address with an anchor goes to the opener as an address.
-    const QString anchored = QUrl::fromLocalFile(page.fileName()).toString() + u"#context-500"_s;
+    const QString anchored = QUrl::fromLocalFile(page).toString() + u"#context-500"_s;
     gui.setOpener(writeOpener(dir, u"opener-anchor"_s, u"exit 0"_s));
     EXPECT_EQ(gui.launch(anchored), 42);
     EXPECT_EQ(argumentOf(dir.filePath(u"opener-anchor"_s)), anchored);
@@ -237,7 +240,7 @@ TEST(GuiPresenter, launchCountsOnlyAnOpenerThatHandedTheFileOnAsSuccess)
     gui.setOpenerPatience(100);
     QElapsedTimer clock;
     clock.start();
-    EXPECT_GE(gui.launch(page.fileName()), 33);
+    EXPECT_GE(gui.launch(page), 33);
     EXPECT_LT(clock.elapsed(), 1500);
 }
 
@@ -246,9 +249,7 @@ TEST(GuiPresenter, aReportWithNoBrowserShowsTheNoAssociationTextWithItsNote)
     GuiPresenter gui;
     IPresenter* previous = installPresenter(&gui);
     QTemporaryDir dir;
-    QFile page(dir.filePath(u"report.html"_s));
-    ASSERT_TRUE(page.open(QIODevice::WriteOnly));
-    page.close();
+    const QString page = emptyFile(dir, u"report.html"_s);
     gui.setOpener(writeOpener(dir, u"opener"_s, u"exit 3"_s));
     QString title, text;
     whenModalShown([&](QWidget* modal) {
@@ -258,10 +259,10 @@ TEST(GuiPresenter, aReportWithNoBrowserShowsTheNoAssociationTextWithItsNote)
         }
         modal->close();
     });
-    EXPECT_EQ(launchFile(page.fileName(), 1, u"HTML"_s), 31);
+    EXPECT_EQ(launchFile(page, 1, u"HTML"_s), 31);
     installPresenter(previous);
     EXPECT_EQ(title, u"Lapkeeper Error"_s);
-    EXPECT_EQ(text, u"No application association was found for this HTML file:\n\n"_s + page.fileName() +
+    EXPECT_EQ(text, u"No application association was found for this HTML file:\n\n"_s + page +
                         u"\n\nIt appears that you do not have a web browser installed on your computer which is "
                         u"necessary in order to display the report.\n\nNOTE: This maybe caused by having no "
                         u"browser installed."_s);

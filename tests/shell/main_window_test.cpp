@@ -12,6 +12,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidgetItemIterator>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -53,8 +54,8 @@ protected:
         mouse(m_tree->viewport(), QEvent::MouseButtonRelease, Qt::RightButton, at, global);
     }
 
-    // Drags the splitter bar sideways by the given number of pixels.
-    void dragSplitter(int pixels)
+    // Drags the splitter bar sideways by the given number of pixels; whileHeld sees the bar before the release.
+    void dragSplitter(int pixels, const std::function<void(QWidget*)>& whileHeld = {})
     {
         QWidget* bar = child(u"imgSplitter"_s);
         const QPoint at(2, 20);
@@ -62,6 +63,8 @@ protected:
         mouse(bar, QEvent::MouseButtonPress, Qt::LeftButton, at, global);
         mouse(bar, QEvent::MouseMove, Qt::LeftButton, at, global + QPoint(pixels / 2, 0));
         mouse(bar, QEvent::MouseMove, Qt::LeftButton, at, global + QPoint(pixels, 0));
+        if (whileHeld)
+            whileHeld(bar);
         mouse(bar, QEvent::MouseButtonRelease, Qt::LeftButton, at, global + QPoint(pixels, 0));
     }
 
@@ -319,12 +322,7 @@ TEST_F(MainWindowTest, layoutMainAndTheSplitterKeepTheTreeBetweenItsLimits)
     EXPECT_EQ(m_tree->width(), twipsToPixels(m_window->splitterLeft(), dpi));
 
     // Far to the left the bar stops at 500 while dragged, which the layout turns into 2800.
-    QWidget* bar = child(u"imgSplitter"_s);
-    const QPoint global = bar->mapToGlobal(QPoint(2, 20));
-    mouse(bar, QEvent::MouseButtonPress, Qt::LeftButton, QPoint(2, 20), global);
-    mouse(bar, QEvent::MouseMove, Qt::LeftButton, QPoint(2, 20), global - QPoint(2000, 0));
-    EXPECT_EQ(bar->x(), twipsToPixels(500, dpi));
-    mouse(bar, QEvent::MouseButtonRelease, Qt::LeftButton, QPoint(2, 20), global - QPoint(2000, 0));
+    dragSplitter(-2000, [dpi](QWidget* bar) { EXPECT_EQ(bar->x(), twipsToPixels(500, dpi)); });
     EXPECT_EQ(m_window->splitterLeft(), 2800);
 
     // Far to the right it stops at the inner width less 500, and the layout takes it to less 1500.
