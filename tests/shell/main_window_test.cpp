@@ -12,6 +12,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidgetItemIterator>
+#include <algorithm>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -237,33 +238,22 @@ TEST_F(MainWindowTest, treePopupGreysUpdateAndDeleteAndOpensOnlyOnTheRecordNodes
 TEST_F(MainWindowTest, viewModesMoveTheCheckMarkAndReachTheOpenPane)
 {
     EXPECT_TRUE(action(u"mnuViewDetail"_s)->isChecked());
-    auto checked = [this] {
-        QStringList on;
-        for (const QString& name : {u"mnuViewLarge"_s, u"mnuViewSmall"_s, u"mnuViewList"_s, u"mnuViewDetail"_s})
-            if (action(name)->isChecked())
-                on << name;
-        return on;
-    };
-
-    // With no pane open only the check marks and the mode change.
-    action(u"mnuViewLarge"_s)->trigger();
-    EXPECT_EQ(gViewMode, 1);
-    EXPECT_EQ(checked(), QStringList({u"mnuViewLarge"_s}));
-    action(u"mnuViewSmall"_s)->trigger();
-    EXPECT_EQ(gViewMode, 4);
-    EXPECT_EQ(checked(), QStringList({u"mnuViewSmall"_s}));
-
+    const QStringList modes = {u"mnuViewLarge"_s, u"mnuViewSmall"_s, u"mnuViewList"_s, u"mnuViewDetail"_s};
+    const int numbers[] = {1, 4, 2, 3};
+    // The first two with no pane open: only the check marks and the mode change.
     auto* pane = new ViewPane;
-    m_window->mdiArea()->addSubWindow(pane)->show();
-    m_window->mdiArea()->setActiveSubWindow(m_window->mdiArea()->subWindowList().constFirst());
-    action(u"mnuViewList"_s)->trigger();
-    EXPECT_EQ(gViewMode, 2);
-    EXPECT_EQ(checked(), QStringList({u"mnuViewList"_s}));
-    EXPECT_EQ(pane->calls, 1);
-    action(u"mnuViewDetail"_s)->trigger();
-    EXPECT_EQ(gViewMode, 3);
-    EXPECT_EQ(checked(), QStringList({u"mnuViewDetail"_s}));
-    EXPECT_EQ(pane->calls, 2);
+    for (int i = 0; i < modes.size(); ++i) {
+        SCOPED_TRACE(qPrintable(modes[i]));
+        if (i == 2) {
+            m_window->mdiArea()->addSubWindow(pane)->show();
+            m_window->mdiArea()->setActiveSubWindow(m_window->mdiArea()->subWindowList().constFirst());
+        }
+        action(modes[i])->trigger();
+        EXPECT_EQ(gViewMode, numbers[i]);
+        for (const QString& name : modes)
+            EXPECT_EQ(action(name)->isChecked(), name == modes[i]) << qPrintable(name);
+        EXPECT_EQ(pane->calls, std::max(0, i - 1));
+    }
 }
 
 TEST_F(MainWindowTest, hidingTheBarsResizesTheTreeAtOnceAndChangesTheSettings)
