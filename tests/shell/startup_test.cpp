@@ -59,6 +59,15 @@ protected:
         window.setStartScreensShown(false);
         return window.load();
     }
+    // A start that ends before the window is shown.
+    void expectRefusedStart()
+    {
+        frmMain window;
+        EXPECT_FALSE(start(window));
+        EXPECT_FALSE(window.isStarted());
+        EXPECT_FALSE(window.isVisible());
+        window.close();
+    }
 
     QTemporaryDir m_dir;
     RecordingPresenter m_presenter;
@@ -96,15 +105,10 @@ TEST_F(StartupTest, aSecondCopyIsRefusedAndWritesNothing)
     auto running = std::make_unique<cInstanceGuard>();
     ASSERT_TRUE(running->acquire());
 
-    {
-        frmMain window;
-        EXPECT_FALSE(start(window));
-        EXPECT_EQ(shownBoxes(m_presenter),
-                  QStringList{u"Lapkeeper Message [Critical/Ok] You cannot start more than one copy of Lapkeeper."_s});
-        EXPECT_EQ(m_presenter.beeps(), 1);
-        EXPECT_FALSE(window.isVisible());
-        window.close();
-    }
+    expectRefusedStart();
+    EXPECT_EQ(shownBoxes(m_presenter),
+              QStringList{u"Lapkeeper Message [Critical/Ok] You cannot start more than one copy of Lapkeeper."_s});
+    EXPECT_EQ(m_presenter.beeps(), 1);
     EXPECT_FALSE(QFileInfo::exists(app(kDataFileName)));
     EXPECT_FALSE(QFileInfo::exists(app(u"Backups"_s)));
     EXPECT_FALSE(QFileInfo::exists(settingsFilePath()));
@@ -249,13 +253,7 @@ TEST_F(StartupTest, aWrongPasswordEndsTheStartWithTwoBoxesAndWritesNothing)
               SQLITE_OK);
     sqlite3_close(db);
 
-    {
-        frmMain window;
-        EXPECT_FALSE(start(window));
-        EXPECT_FALSE(window.isStarted());
-        EXPECT_FALSE(window.isVisible());
-        window.close();
-    }
+    expectRefusedStart();
     const QStringList shown = shownBoxes(m_presenter);
     ASSERT_EQ(shown.size(), 2) << qPrintable(shown.join(u'\n'));
     EXPECT_TRUE(shown[0].startsWith(u"Lapkeeper [Critical/Ok] "_s) && shown[0].contains(u"not a database"_s));
@@ -282,12 +280,7 @@ TEST_F(StartupTest, aDataFileMissingOnALaterRunIsNeverMadeAnewAndNoWritesNothing
     m_presenter.clear();
 
     m_presenter.queueAnswer(Answer::No);
-    {
-        frmMain window;
-        EXPECT_FALSE(start(window));
-        EXPECT_FALSE(window.isVisible());
-        window.close();
-    }
+    expectRefusedStart();
     const QStringList shown = shownBoxes(m_presenter);
     ASSERT_EQ(shown.size(), 3) << qPrintable(shown.join(u'\n'));
     const QRegularExpression question(u"^Lapkeeper \\[Question/YesNo\\] The data file "_s +
