@@ -42,13 +42,7 @@ protected:
     }
     void chooseTeam(int row, int column, const QString& name)
     {
-        QTest::mouseClick(cell(column == 1 ? u"txtTeam1"_s : u"txtTeam2"_s, row), Qt::LeftButton);
-        auto* chooser = get<QComboBox>(u"cmbTeam"_s);
-        ASSERT_TRUE(chooser->isVisible());
-        closePopup();
-        const int index = chooser->findText(name);
-        ASSERT_GE(index, 0) << qPrintable(name);
-        chooser->setCurrentIndex(index);
+        chooseIn(cell(column == 1 ? u"txtTeam1"_s : u"txtTeam2"_s, row), u"cmbTeam"_s, name);
     }
 
     int16_t leagueA = 0, leagueB = 0, raceNmbr = 0, otherRace = 0;

@@ -55,16 +55,19 @@ protected:
         settle();
     }
     void choose(const QString& combo, int number) { ::choose(get<QComboBox>(combo), number); }
-    // Opens the car chooser on a row and picks the entry shown as text (" " for none).
-    void chooseCar(int row, const QString& text)
+    // Opens a grid chooser by a click on a row's field, closes its list and picks the entry shown as text.
+    void chooseIn(QLineEdit* field, const QString& chooserName, const QString& text)
     {
-        QTest::mouseClick(cell(u"txtCarNmbr"_s, row), Qt::LeftButton);
-        auto* chooser = get<QComboBox>(u"cmbCarNmbr"_s);
+        QTest::mouseClick(field, Qt::LeftButton);
+        auto* chooser = get<QComboBox>(chooserName);
         ASSERT_TRUE(chooser->isVisible());
+        closePopup();
         const int index = chooser->findText(text);
         ASSERT_GE(index, 0) << qPrintable(text);
         chooser->setCurrentIndex(index);
     }
+    // The car chooser on a row (" " for none).
+    void chooseCar(int row, const QString& text) { chooseIn(cell(u"txtCarNmbr"_s, row), u"cmbCarNmbr"_s, text); }
     // Enter in the focused field of the grid.
     void enter()
     {
