@@ -10,7 +10,6 @@
 
 #include <QCalendarWidget>
 #include <QComboBox>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,18 +24,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-template <typename Predicate>
-bool waitUntil(Predicate done, int milliseconds = 3000)
-{
-    QDeadlineTimer deadline(milliseconds);
-    while (!done()) {
-        if (deadline.hasExpired())
-            return false;
-        QTest::qWait(5);
-    }
-    return true;
-}
 
 // Replaces PATH for one test.
 class ScopedPath {
@@ -103,7 +90,7 @@ TEST(WelcomeScreen, GreetsPlaysTheSoundAndHidesTheWizard)
 
     welcome.show();
     EXPECT_FALSE(child<QPushButton>(welcome, u"BUT_SetupWizard"_s)->isVisible());
-    ASSERT_TRUE(waitUntil([&] { return !rec.launches().isEmpty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !rec.launches().isEmpty(); }));
     EXPECT_EQ(rec.launches(), QStringList{windowsFolder() + u"TADA.wav"_s});
     EXPECT_EQ(mousePointer(), kPointerDefault);
     // The sound plays once: its timer is spent, and nothing pending plays it again.
@@ -143,7 +130,7 @@ TEST(SplashScreen, StandsUntilItsTimerClosesIt)
     QTest::keyClick(&splash, Qt::Key_Escape);
     splash.close();
     EXPECT_TRUE(splash.isVisible());   // neither a key nor a close shortens it
-    ASSERT_TRUE(waitUntil([&] { return !splash.isVisible(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !splash.isVisible(); }));
 
     frmSplash modal;
     modal.setStartInterval(30);
