@@ -6,7 +6,7 @@
 namespace {
 
 // Used until a presenter is installed: boxes go to stderr, questions get their first button.
-class StderrPresenter final : public IPresenter {
+class StderrPresenter final : public cWindowlessPresenter {
 public:
     Answer messageBox(const QString& text, const QString& title, Icon, Buttons buttons) override
     {
@@ -19,18 +19,6 @@ public:
         default: return Answer::Ok;
         }
     }
-    void beep() override {}
-    void setStatusText(const QString&) override {}
-    void setMousePointer(int16_t code) override { m_pointer = code; }
-    int16_t mousePointer() const override { return m_pointer; }
-    void advanceProgress() override {}
-    int launch(const QString&) override { return 31; }
-    int runProgram(const QString&, const QStringList&) override { return 2; }
-    bool playWave(const QString&) override { return false; }
-    std::optional<QString> chooseFile(const FileDialogRequest&) override { return std::nullopt; }
-
-private:
-    int16_t m_pointer = kPointerDefault;
 };
 
 IPresenter*& current()

@@ -54,6 +54,24 @@ public:
     virtual std::optional<QString> chooseFile(const FileDialogRequest& request) = 0;
 };
 
+// What a presenter without a window does: nothing to show but its boxes, no status bar, nothing
+// launched or played, no file dialog; the pointer is only remembered.
+class cWindowlessPresenter : public IPresenter {
+public:
+    void beep() override {}
+    void setStatusText(const QString&) override {}
+    void setMousePointer(int16_t code) override { m_pointer = code; }
+    int16_t mousePointer() const override { return m_pointer; }
+    void advanceProgress() override {}
+    int launch(const QString&) override { return 31; }
+    int runProgram(const QString&, const QStringList&) override { return 2; }
+    bool playWave(const QString&) override { return false; }
+    std::optional<QString> chooseFile(const FileDialogRequest&) override { return std::nullopt; }
+
+private:
+    int16_t m_pointer = 0;
+};
+
 // Installs the presenter every routine delegates to (not owned). Returns the previous one.
 IPresenter* installPresenter(IPresenter* presenter);
 IPresenter& presenter();

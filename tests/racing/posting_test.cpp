@@ -299,20 +299,33 @@ TEST_F(Posting, aLeagueOfTheOtherScoreByCarriesAllItsCars)
     EXPECT_EQ(Season::row(race, team, driver), u"0/0/2/999"_s);
 }
 
-TEST_F(Posting, theScriptEditsBonusesBeforePointsAreAdded)
+// One team holding car "1", which wins the race; the operator's script lies beside the data file.
+class PostingWithScript : public Posting {
+protected:
+    void SetUp() override
+    {
+        league = s.league(s.method({10}));
+        team = s.team(league);
+        car = s.car(u"1"_s);
+        s.hold(team, car, u"2002-01-01"_s);
+        race = s.race(u"2002-11-01"_s);
+        s.result(race, car, 1);
+    }
+    void postWithScript(const char* text)
+    {
+        QFile script(applicationFolder() + u"/scoring.lk"_s);
+        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+        script.write(text);
+        script.close();
+        post(race);
+    }
+    int16_t league = 0, team = 0, car = 0, race = 0;
+};
+
+TEST_F(PostingWithScript, theScriptEditsBonusesBeforePointsAreAdded)
 {
-    const int16_t league = s.league(s.method({10}));
-    const int16_t team = s.team(league);
-    const int16_t car = s.car(u"1"_s);
-    s.hold(team, car, u"2002-01-01"_s);
-    const int16_t race = s.race(u"2002-11-01"_s);
-    s.result(race, car, 1);
-    QFile script(applicationFolder() + u"/scoring.lk"_s);
-    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write("UPDATE team_results SET fast_qual_bonus = 100 WHERE league_nmbr = %league_nmbr% "
-                 "AND race_nmbr = %race_nmbr%;\nUPDATE nothere SET x = 1;\n");
-    script.close();
-    post(race);
+    postWithScript("UPDATE team_results SET fast_qual_bonus = 100 WHERE league_nmbr = %league_nmbr% "
+                   "AND race_nmbr = %race_nmbr%;\nUPDATE nothere SET x = 1;\n");
     EXPECT_EQ(Season::row(race, team, car), u"110/110/1/1"_s);
     // The failing piece and the empty piece after the last ";" each show their box; posting goes on.
     ASSERT_EQ(app.presenter().boxes().size(), 2);
@@ -320,21 +333,11 @@ TEST_F(Posting, theScriptEditsBonusesBeforePointsAreAdded)
     EXPECT_EQ(Season::summary(race, league, team), u"110@1"_s);
 }
 
-TEST_F(Posting, aScriptThatCommitsOrRollsBackTouchesOnlyItsOwnStatements)
+TEST_F(PostingWithScript, aScriptThatCommitsOrRollsBackTouchesOnlyItsOwnStatements)
 {
-    const int16_t league = s.league(s.method({10}));
-    const int16_t team = s.team(league);
-    const int16_t car = s.car(u"1"_s);
-    s.hold(team, car, u"2002-01-01"_s);
-    const int16_t race = s.race(u"2002-11-08"_s);
-    s.result(race, car, 1);
-    QFile script(applicationFolder() + u"/scoring.lk"_s);
-    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write("UPDATE team_results SET fast_qual_bonus = 100 WHERE league_nmbr = %league_nmbr%;\nROLLBACK;\n"
-                 "BEGIN;\nUPDATE team_results SET adjustment = 5 WHERE league_nmbr = %league_nmbr%;\nCOMMIT;\n"
-                 "BEGIN;\nDELETE FROM team_results WHERE league_nmbr = %league_nmbr%;\nROLLBACK");
-    script.close();
-    post(race);
+    postWithScript("UPDATE team_results SET fast_qual_bonus = 100 WHERE league_nmbr = %league_nmbr%;\nROLLBACK;\n"
+                   "BEGIN;\nUPDATE team_results SET adjustment = 5 WHERE league_nmbr = %league_nmbr%;\nCOMMIT;\n"
+                   "BEGIN;\nDELETE FROM team_results WHERE league_nmbr = %league_nmbr%;\nROLLBACK");
     // The first ROLLBACK has nothing to undo and says so: the rows of the first steps and the
     // update before it stay. The committed change stays; the rolled-back delete takes nothing else.
     EXPECT_EQ(Season::row(race, team, car), u"115/115/1/1"_s);
