@@ -41,6 +41,12 @@ std::map<int16_t, std::unique_ptr<QFile>>& openFiles()
     return files;
 }
 
+QStringList& openedNames()
+{
+    static QStringList names;
+    return names;
+}
+
 cRuntimeError badFileNumber()
 {
     return {52, u"Bad file name or number"_s};
@@ -90,13 +96,26 @@ void openReportFile(int16_t channel, const QString& fileName)
         reason = u"Path not found"_s;
     } else {
         auto file = std::make_unique<QFile>(gReportsPath + u'/' + fileName);
-        if (file->open(QIODevice::WriteOnly | QIODevice::Truncate))
+        if (file->open(QIODevice::WriteOnly | QIODevice::Truncate)) {
             openFiles()[channel] = std::move(file);
-        else
+            if (!openedNames().contains(fileName))
+                openedNames().append(fileName);
+        } else {
             reason = file->errorString();
+        }
     }
     if (!reason.isEmpty())
         messageBox(u"Error creating report file - "_s + reason, u"Lapkeeper"_s, Icon::Critical);
+}
+
+QStringList openedReportFiles()
+{
+    return openedNames();
+}
+
+void clearOpenedReportFiles()
+{
+    openedNames().clear();
 }
 
 void writeReportLine(const QString& text, int16_t channel)

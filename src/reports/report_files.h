@@ -2,6 +2,7 @@
 // The table of reports and the output layer every report writes through: a channel per report
 // (its file_handle), the report folder, one line per write, and the launch in the browser.
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -28,6 +29,10 @@ int16_t reportChannel();
 // the channel, truncating what was there. A failure shows "Error creating report file - " and
 // the reason; the report goes on and fails at its first write.
 void openReportFile(int16_t channel, const QString& fileName);
+// The names of the report files opened since the last clear, in the order they were first
+// opened, each once: what a run wrote.
+QStringList openedReportFiles();
+void clearOpenedReportFiles();
 // Writes the text and a line end. A channel that is not open, or a failed write, is the run-time
 // error "Bad file name or number" or "Device I/O error", which the report's entry traps.
 void writeReportLine(const QString& text, int16_t channel);

@@ -1,0 +1,58 @@
+#include "reports/report_entries.h"
+#include "reports/league_standings.h"
+#include "reports/race_detail.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Caption and required numbers (race, league, team) of each report the request screen asks for.
+const cReportRequirements kRequests[] = {
+    {u"RP", u"Report Package", true, true, false},
+    {u"RD", u"Race Detail", true, true, false},
+    {u"RS", u"League Race Standings", true, true, false},
+    {u"DT", u"Teams per Car/Driver", true, true, false},
+    {u"TD", u"Team Detail", true, true, true},
+    {u"LS", u"League Standings", true, true, false},
+    {u"TC", u"Team Cars", true, true, true},
+    {u"CP", u"Car/Driver Picks", false, true, false},
+    {u"DS", u"Car/Driver Stats", false, true, false},
+    {u"RR", u"Race Results", true, false, false},
+    {u"CD", u"Car Details", false, true, false},
+    {u"TT", u"Team Trades", true, true, true},
+    {u"LR", u"League Race Summary", false, true, false},
+};
+
+// Team Race Detail has no menu entry; it needs one team of a league at one race.
+const cReportRequirements kTeamRaceDetail = {u"TR", u"Team Race Detail", true, true, true};
+
+} // namespace
+
+std::span<const cReportRequirements> reportRequests()
+{
+    return kRequests;
+}
+
+const cReportRequirements* reportRequirements(const QString& reportId)
+{
+    const QString id = reportId.toUpper();
+    if (id == QStringView(kTeamRaceDetail.reportId))
+        return &kTeamRaceDetail;
+    for (const cReportRequirements& request : kRequests) {
+        if (id == QStringView(request.reportId))
+            return &request;
+    }
+    return nullptr;
+}
+
+std::optional<QString> runReport(const QString& reportId, const cReportRequest& request, bool launch)
+{
+    const QString id = reportId.toUpper();
+    if (id == u"LS")
+        return leagueStandingsReport(request.leagueNmbr, request.raceNmbr, launch);
+    if (id == u"RD")
+        return raceDetailReport(request.leagueNmbr, request.raceNmbr, launch);
+    if (id == u"TR")
+        return teamRaceDetailReport(request.leagueNmbr, request.teamNmbr, request.raceNmbr, launch);
+    return std::nullopt;
+}
