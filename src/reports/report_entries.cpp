@@ -26,6 +26,30 @@ const cReportRequirements kRequests[] = {
 // Team Race Detail has no menu entry; it needs one team of a league at one race.
 const cReportRequirements kTeamRaceDetail = {u"TR", u"Team Race Detail", true, true, true};
 
+// The entry of each report of this version, with the request's numbers in its own order.
+struct cReportEntry {
+    const char16_t* reportId;
+    QString (*run)(const cReportRequest& request, bool launch);
+};
+
+const cReportEntry kEntries[] = {
+    {u"LS", [](const cReportRequest& r, bool launch) { return leagueStandingsReport(r.leagueNmbr, r.raceNmbr, launch); }},
+    {u"RD", [](const cReportRequest& r, bool launch) { return raceDetailReport(r.leagueNmbr, r.raceNmbr, launch); }},
+    {u"TR", [](const cReportRequest& r, bool launch) {
+         return teamRaceDetailReport(r.leagueNmbr, r.teamNmbr, r.raceNmbr, launch);
+     }},
+};
+
+const cReportEntry* entryOf(const QString& reportId)
+{
+    const QString id = reportId.toUpper();
+    for (const cReportEntry& entry : kEntries) {
+        if (id == QStringView(entry.reportId))
+            return &entry;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 std::span<const cReportRequirements> reportRequests()
@@ -47,12 +71,12 @@ const cReportRequirements* reportRequirements(const QString& reportId)
 
 std::optional<QString> runReport(const QString& reportId, const cReportRequest& request, bool launch)
 {
-    const QString id = reportId.toUpper();
-    if (id == u"LS")
-        return leagueStandingsReport(request.leagueNmbr, request.raceNmbr, launch);
-    if (id == u"RD")
-        return raceDetailReport(request.leagueNmbr, request.raceNmbr, launch);
-    if (id == u"TR")
-        return teamRaceDetailReport(request.leagueNmbr, request.teamNmbr, request.raceNmbr, launch);
+    if (const cReportEntry* entry = entryOf(reportId))
+        return entry->run(request, launch);
     return std::nullopt;
+}
+
+bool reportAvailable(const QString& reportId)
+{
+    return entryOf(reportId) != nullptr;
 }

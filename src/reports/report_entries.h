@@ -34,3 +34,5 @@ const cReportRequirements* reportRequirements(const QString& reportId);
 // Runs the report's entry with the request. The name of the file it wrote (empty when it wrote
 // none); nullopt when this version has no such report.
 std::optional<QString> runReport(const QString& reportId, const cReportRequest& request, bool launch);
+// Whether this version has the report.
+bool reportAvailable(const QString& reportId);
