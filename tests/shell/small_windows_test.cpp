@@ -3,7 +3,7 @@
 #include "base/messages.h"
 #include "league/league_fixtures.h"
 #include "shell/about_form.h"
-#include "shell/browser_form.h"
+#include "base/browser_form.h"
 #include "shell/splash_form.h"
 #include "shell/welcome_form.h"
 #include "support/recording_presenter.h"

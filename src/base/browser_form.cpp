@@ -1,4 +1,4 @@
-#include "shell/browser_form.h"
+#include "base/browser_form.h"
 #include "base/app_globals.h"
 #include "base/messages.h"
 
