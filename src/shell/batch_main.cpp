@@ -8,6 +8,7 @@
 #include "racing/results.h"
 #include "racing/scoring_points.h"
 #include "racing/standings.h"
+#include "shell/batch_reports.h"
 #include "shell/console_presenter.h"
 #include "base/messages.h"
 #include "store/connection.h"
@@ -40,6 +41,10 @@ const char* const kUsageText =
     "                                the league's table after the race: place, team, name, points\n"
     "  backup [FILE]                 a checked, compacted copy of the data file at FILE; without FILE\n"
     "                                the automatic backup (Backups/lapkeeper30.lk and a dated copy)\n"
+    "  report ID [--league N] [--race N] [--team N] [--all-teams] [--separate]\n"
+    "                                write a report into the report folder (launch off) and print\n"
+    "                                the name of every file written; ID is a report id (LS, RD, TC,\n"
+    "                                TD, TR, ...)\n"
     "  restore FILE                  put a checked copy of FILE in the data file's place; the current\n"
     "                                data file is kept in Backups/ first\n";
 
@@ -185,6 +190,11 @@ int runCommand(const QStringList& args, const ConsolePresenter& console)
         if (args.size() != 3 || !readNumber(args[1], league) || !readNumber(args[2], race))
             return usage(u"standings takes a league number and a race number"_s);
         return runStandings(league, race);
+    }
+    if (command == u"report") {
+        QString problem;
+        const int status = runReportCommand(args, console, problem);
+        return problem.isEmpty() ? status : usage(problem);
     }
     if (command == u"clear-season") {
         if (args.size() != 1)

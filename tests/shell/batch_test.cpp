@@ -65,9 +65,9 @@ TEST(BatchTool, clearCommandsRemovePostingsAndBadUsageExits2)
     EXPECT_EQ(batch(dir, {}).status, 2);
 }
 
-TEST(BatchTool, postsRacesAndPrintsTheStandings)
+// Two teams of one league with a car each, two races with results (none posted).
+void seedTwoRaceSeason(const QTemporaryDir& dir)
 {
-    QTemporaryDir dir;
     ASSERT_EQ(batch(dir, {u"init"_s}).status, 0);
     const char* season[] = {
         "INSERT INTO scoring_type VALUES (500, 'M', 0, 0, 0)",
@@ -91,6 +91,12 @@ TEST(BatchTool, postsRacesAndPrintsTheStandings)
     };
     for (const char* sql : season)
         ASSERT_EQ(batch(dir, {u"sql"_s, QString::fromUtf8(sql)}).status, 0) << sql;
+}
+
+TEST(BatchTool, postsRacesAndPrintsTheStandings)
+{
+    QTemporaryDir dir;
+    seedTwoRaceSeason(dir);
 
     EXPECT_EQ(batch(dir, {u"post"_s, u"501"_s}).status, 0);
     EXPECT_EQ(batch(dir, {u"post"_s, u"500"_s, u"--later"_s, u"yes"_s}).status, 0);
@@ -105,6 +111,40 @@ TEST(BatchTool, postsRacesAndPrintsTheStandings)
 
     EXPECT_EQ(batch(dir, {u"post"_s, u"999"_s}).status, 1);
     EXPECT_EQ(batch(dir, {u"post"_s, u"500"_s, u"--later"_s, u"maybe"_s}).status, 2);
+}
+
+TEST(BatchTool, reportWritesThePagesIntoTheReportFolderAndPrintsTheirNames)
+{
+    QTemporaryDir dir;
+    seedTwoRaceSeason(dir);
+    ASSERT_EQ(batch(dir, {u"post"_s, u"500"_s}).status, 0);
+
+    const BatchRun standings = batch(dir, {u"report"_s, u"ls"_s, u"--league"_s, u"500"_s, u"--race"_s, u"500"_s});
+    EXPECT_EQ(standings.status, 0) << qPrintable(standings.err);
+    EXPECT_EQ(standings.out, u"ls05000500.html\ntr05000500.html\ntr05000501.html\n"_s);
+    QFile page(dir.path() + u"/Reports/ls05000500.html"_s);
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(page.readAll().contains("<A HREF='tr05000500.html'>Ants </A>"));
+
+    const BatchRun team = batch(dir, {u"report"_s, u"TR"_s, u"--league"_s, u"500"_s, u"--race"_s, u"500"_s,
+                                      u"--team"_s, u"501"_s});
+    EXPECT_EQ(team.status, 0);
+    EXPECT_EQ(team.out, u"tr05000501.html\n"_s);
+
+    // The second race is not posted: nothing to show, nothing written.
+    const BatchRun unposted = batch(dir, {u"report"_s, u"RD"_s, u"--league"_s, u"500"_s, u"--race"_s, u"501"_s});
+    EXPECT_EQ(unposted.status, 1);
+    EXPECT_EQ(unposted.out, QString());
+
+    // A league number past the file names' range shows the naming box.
+    const BatchRun overflow = batch(dir, {u"report"_s, u"LS"_s, u"--league"_s, u"30000"_s, u"--race"_s, u"500"_s});
+    EXPECT_EQ(overflow.status, 1);
+    EXPECT_TRUE(overflow.err.startsWith(u"Lapkeeper: Error generating report name - Overflow"_s)) << qPrintable(overflow.err);
+
+    EXPECT_EQ(batch(dir, {u"report"_s, u"XX"_s}).status, 2);
+    EXPECT_EQ(batch(dir, {u"report"_s, u"LS"_s, u"--league"_s, u"500"_s}).status, 2);        // no race
+    EXPECT_EQ(batch(dir, {u"report"_s, u"LS"_s, u"--league"_s, u"x"_s, u"--race"_s, u"1"_s}).status, 2);
+    EXPECT_EQ(batch(dir, {u"report"_s, u"RP"_s, u"--league"_s, u"500"_s, u"--race"_s, u"500"_s}).status, 2);
 }
 
 } // namespace

@@ -1,0 +1,10 @@
+#pragma once
+#include <QStringList>
+
+class ConsolePresenter;
+
+// The batch tool's "report ID [--league N] [--race N] [--team N] [--all-teams] [--separate]":
+// runs the report with launch off into the report folder and prints the name of every file it
+// wrote, one a line. 0 when done, 1 when a box was shown or nothing was written, 2 for bad usage
+// (with the problem in usage) or a report this version does not have.
+int runReportCommand(const QStringList& args, const ConsolePresenter& console, QString& usage);
