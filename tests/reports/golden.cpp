@@ -43,16 +43,15 @@ QString maskedPage(const QString& text)
 
 void runGoldenSetup(const QString& caseName)
 {
-    const QString script = readText(caseFolder(caseName) + u"/setup.sql"_s);
+    QString script;
+    for (const QString& line : readText(caseFolder(caseName) + u"/setup.sql"_s).split(u'\n'))
+        if (!line.trimmed().startsWith(u"--"_s))
+            script += line + u'\n';
     for (const QString& statement : script.split(u';', Qt::SkipEmptyParts)) {
-        QString sql;
-        for (const QString& line : statement.split(u'\n'))
-            if (!line.trimmed().startsWith(u"--"_s))
-                sql += line + u'\n';
-        if (sql.trimmed().isEmpty())
+        if (statement.trimmed().isEmpty())
             continue;
         IDatabase db;
-        ASSERT_TRUE(db.execute(sql.trimmed())) << qPrintable(sql);
+        ASSERT_TRUE(db.execute(statement.trimmed())) << qPrintable(statement);
     }
 }
 

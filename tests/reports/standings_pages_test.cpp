@@ -30,4 +30,23 @@ TEST(RaceDetailPages, showEachTeamsRowsWithCarriedAndDidNotQualifyRows)
     expectGoldenPages(u"race_detail"_s);
 }
 
+TEST(ReportPages, withoutAttributeRowsHaveNoColoursSizesOfOneAndNoFooter)
+{
+    TempApp app;
+    const ReportSeason season = buildReportSeason();
+    runGoldenSetup(u"no_attributes"_s);
+    raceDetailReport(season.league, season.races[0], false);
+    expectGoldenPages(u"no_attributes"_s);
+}
+
+TEST(ReportPages, skipColumnNumbersTheReportDoesNotKnowInEveryRow)
+{
+    TempApp app;
+    const ReportSeason season = buildReportSeason();
+    runGoldenSetup(u"unknown_columns"_s);
+    leagueStandingsReport(season.league, season.races[0], false);
+    raceDetailReport(season.league, season.races[1], false);
+    expectGoldenPages(u"unknown_columns"_s);
+}
+
 } // namespace
