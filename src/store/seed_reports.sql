@@ -140,7 +140,8 @@ INSERT INTO report_columns (report_nmbr, column_nmbr, column_order) VALUES
   (14, 107, 8), (14, 108, 9);
 
 -- One look for every report (colour numbers of color_dm): navy on light blue headings, black rows
--- on white and light gray, navy titles on a white page, thin borders, no images, with the footer.
+-- on white and light gray, navy titles on a white page, cells set apart by thin white gaps, no
+-- images, with the footer.
 -- Light blue headings keep the links readable where a heading cell holds one.
 WITH theme (attribute_nmbr, amt) AS (VALUES
   (1, 5),    -- heading text: Navy
@@ -151,9 +152,9 @@ WITH theme (attribute_nmbr, amt) AS (VALUES
   (6, 20),   -- even row back: Light Gray
   (7, 5),    -- title text: Navy
   (8, 2),    -- page back: White
-  (9, 1),    -- border size
-  (10, 0),   -- cell spacing
-  (11, 3),   -- cell padding
+  (9, 0),    -- border size: none; a thin white gap between cells instead
+  (10, 1),   -- cell spacing
+  (11, 4),   -- cell padding
   (12, 2),   -- heading text size
   (13, 2),   -- odd row text size
   (14, 2),   -- even row text size
