@@ -95,8 +95,10 @@ void openReportFile(int16_t channel, const QString& fileName)
     if (!QDir(gReportsPath).exists() && !QDir().mkpath(gReportsPath)) {
         reason = u"Path not found"_s;
     } else {
+        // Unbuffered, so that a full disk fails the very line that does not fit, inside the
+        // report's run, rather than unnoticed when the file is closed.
         auto file = std::make_unique<QFile>(gReportsPath + u'/' + fileName);
-        if (file->open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        if (file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
             openFiles()[channel] = std::move(file);
             if (!openedNames().contains(fileName))
                 openedNames().append(fileName);

@@ -71,6 +71,19 @@ TEST(ReportRun, aReportFolderThatCannotBeMadeIsToldTwiceAndNothingIsLaunched)
     EXPECT_EQ(raceDetailReport(season.league, season.races[0], false), u"rd05000500.html"_s);
 }
 
+TEST(ReportRun, aDiskThatIsFullFailsTheFirstLineThatDoesNotFitAndLaunchesNothing)
+{
+    TempApp app;
+    const ReportSeason season = buildReportSeason();
+    app.presenter().clear();
+    QDir().mkpath(gReportsPath);
+    ASSERT_TRUE(QFile::link(u"/dev/full"_s, gReportsPath + u"/rd05000500.html"_s));
+
+    EXPECT_EQ(raceDetailReport(season.league, season.races[0], true), QString());
+    EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"Error generating report Device I/O error"_s});
+    EXPECT_TRUE(app.presenter().launches().isEmpty());
+}
+
 TEST(ReportRun, aLeagueNumberPastTheFileNamesRangeIsToldAndWritesNothing)
 {
     TempApp app;

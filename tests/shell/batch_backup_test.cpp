@@ -1,5 +1,6 @@
 // The batch tool's backup and restore, run as a separate process, also on a disk that fills up,
 // in a folder that cannot be written and where the final rename fails.
+#include "batch_process.h"
 #include "support/data_files.h"
 
 #include <QDir>
@@ -24,37 +25,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Exit status of a child whose limits could not be set up.
-constexpr int kSetupFailed = 125;
-
-struct BatchRun {
-    int status = -1;
-    QString out;
-    QString err;
-};
-
-// Runs the batch tool on the application folder dir; limit runs in the child before the tool starts.
-BatchRun batch(const QString& dir, const QStringList& args, const std::function<void()>& limit = {})
-{
-    QProcess process;
-    if (limit)
-        process.setChildProcessModifier(limit);
-    process.start(QString::fromUtf8(LK_BATCH_PATH), QStringList{u"--app-dir"_s, dir} + args);
-    process.waitForFinished(30000);
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
-
-// A disk that is full beyond 8 KiB: a longer write fails with "File too large" instead of
-// ending the process.
-void fullDisk()
-{
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{8192, 8192};
-    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
-        ::_exit(kSetupFailed);
-}
 
 // Folder permissions bind the process even when it runs as root: the power to override them is
 // dropped for it and for the program it starts.
@@ -199,7 +169,7 @@ TEST_F(BatchBackup, backupAndRestoreRunTheMenuCommandsRulesAndExit0Or1)
 
 TEST_F(BatchBackup, aDiskThatFillsUpLeavesTheDataFileAndTheBackupsAsTheyWere)
 {
-    const BatchRun backup = batch(app(), {u"backup"_s}, fullDisk);
+    const BatchRun backup = batch(app(), {u"backup"_s}, diskFullBeyond(8192));
     ASSERT_NE(backup.status, kSetupFailed);
     EXPECT_EQ(backup.status, 1);
     EXPECT_TRUE(backup.err.startsWith(u"Lapkeeper: The backup to "_s + app(u"Backups/lapkeeper30.lk"_s) + u" failed: "_s))
@@ -207,7 +177,7 @@ TEST_F(BatchBackup, aDiskThatFillsUpLeavesTheDataFileAndTheBackupsAsTheyWere)
     EXPECT_TRUE(backup.err.endsWith(u"Any earlier file there is unchanged.\n"_s)) << qPrintable(backup.err);
     expectNothingChanged(true);
 
-    const BatchRun restore = batch(app(), {u"restore"_s, good()}, fullDisk);
+    const BatchRun restore = batch(app(), {u"restore"_s, good()}, diskFullBeyond(8192));
     EXPECT_EQ(restore.status, 1);
     EXPECT_EQ(restore.err, u"Lapkeeper: The data file could not be restored from "_s + good() +
                                u": File too large.\nThe data file is unchanged.\n"_s);

@@ -1,3 +1,5 @@
+#include "batch_process.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -6,21 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct BatchRun {
-    int status = -1;
-    QString out;
-    QString err;
-};
-
-BatchRun batch(const QTemporaryDir& dir, const QStringList& args)
-{
-    QProcess process;
-    process.start(QString::fromUtf8(LK_BATCH_PATH), QStringList{u"--app-dir"_s, dir.path()} + args);
-    process.waitForFinished(30000);
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
 
 TEST(BatchTool, initCreatesTheDataFileOnceAndSqlReadsAndWritesIt)
 {
