@@ -56,16 +56,6 @@ int usage(const QString& problem = {})
     return kUsage;
 }
 
-bool readNumber(const QString& text, int16_t& out)
-{
-    bool ok = false;
-    const int value = text.toInt(&ok);
-    if (!ok || value < -32768 || value > 32767)
-        return false;
-    out = static_cast<int16_t>(value);
-    return true;
-}
-
 int runInit()
 {
     if (QFileInfo::exists(dataFilePath())) {
@@ -174,20 +164,20 @@ int runCommand(const QStringList& args, const ConsolePresenter& console)
     }
     if (command == u"clear-posting") {
         int16_t race = 0;
-        if (args.size() != 2 || !readNumber(args[1], race))
+        if (args.size() != 2 || !readNumberArgument(args[1], race))
             return usage(u"clear-posting takes a race number"_s);
         return cResultsCollection().deletePosting(race) ? kOk : kFailed;
     }
     if (command == u"post") {
         int16_t race = 0;
-        if ((args.size() != 2 && args.size() != 4) || !readNumber(args[1], race))
+        if ((args.size() != 2 && args.size() != 4) || !readNumberArgument(args[1], race))
             return usage(u"post takes a race number"_s);
         return runPost(race, console);
     }
     if (command == u"standings") {
         int16_t league = 0;
         int16_t race = 0;
-        if (args.size() != 3 || !readNumber(args[1], league) || !readNumber(args[2], race))
+        if (args.size() != 3 || !readNumberArgument(args[1], league) || !readNumberArgument(args[2], race))
             return usage(u"standings takes a league number and a race number"_s);
         return runStandings(league, race);
     }

@@ -14,16 +14,6 @@ constexpr int kOk = 0;
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
 
-bool readNumber(const QString& text, int16_t& out)
-{
-    bool ok = false;
-    const int value = text.toInt(&ok);
-    if (!ok || value < -32768 || value > 32767)
-        return false;
-    out = static_cast<int16_t>(value);
-    return true;
-}
-
 // Reads the options after the id into the request; false with the problem in usage.
 bool readRequest(const QStringList& options, cReportRequest& request, QString& usage)
 {
@@ -37,7 +27,7 @@ bool readRequest(const QStringList& options, cReportRequest& request, QString& u
             int16_t& target = option == u"--league" ? request.leagueNmbr
                               : option == u"--race" ? request.raceNmbr
                                                     : request.teamNmbr;
-            if (i + 1 >= options.size() || !readNumber(options[i + 1], target)) {
+            if (i + 1 >= options.size() || !readNumberArgument(options[i + 1], target)) {
                 usage = option + u" needs a number"_s;
                 return false;
             }
@@ -63,6 +53,16 @@ QString missingNumber(const cReportRequirements& needs, const cReportRequest& re
 }
 
 } // namespace
+
+bool readNumberArgument(const QString& text, int16_t& out)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    if (!ok || value < -32768 || value > 32767)
+        return false;
+    out = static_cast<int16_t>(value);
+    return true;
+}
 
 int runReportCommand(const QStringList& args, const ConsolePresenter& console, QString& usage)
 {

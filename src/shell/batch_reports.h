@@ -1,7 +1,11 @@
 #pragma once
 #include <QStringList>
+#include <cstdint>
 
 class ConsolePresenter;
+
+// A whole number argument of the batch tool in the 16-bit range.
+bool readNumberArgument(const QString& text, int16_t& out);
 
 // The batch tool's "report ID [--league N] [--race N] [--team N] [--all-teams] [--separate]":
 // runs the report with launch off into the report folder and prints the name of every file it
