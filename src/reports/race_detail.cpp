@@ -1,5 +1,6 @@
 #include "reports/race_detail.h"
 #include "base/messages.h"
+#include "reports/race_rows.h"
 #include "reports/report_page.h"
 #include "reports/report_tags.h"
 #include "store/dates.h"
@@ -12,36 +13,18 @@ namespace {
 // pair's latest entry). teamNmbr limits them to one team.
 QString raceRowsStatement(int16_t leagueNmbr, int16_t raceNmbr, std::optional<int16_t> teamNmbr)
 {
-    const QString race = sqlNumber(raceNmbr);
-    const QString league = sqlNumber(leagueNmbr);
     QString statement =
         u"SELECT D.car_txt, D.driver_name, D.sponsor, A.place, A.laps_led_bonus, A.most_laps_led_bonus, "_s
         u"A.fast_qual_bonus, G.league_name, A.points, A.total_points, E.race_dt, E.race_name, E.track_name, "_s
         u"F.team_name, C.team_place, E.race_nmbr, A.current_status, F.team_owner, A.qual_points, "_s
         u"G.scoring_type_nmbr, B.term_dt, B.efctv_dt, A.adjustment, "_s +
         (teamNmbr ? u"F.email, F.phone, D.car_type_nmbr,E.race_status_nmbr"_s : u"D.car_type_nmbr,E.race_status_nmbr"_s) +
-        u" FROM team_results A, team_car B, team_results_summary C, cars D, races E, teams F, leagues G"_s
-        u" WHERE E.race_nmbr = "_s + race +
-        u" And E.race_nmbr = A.race_nmbr"_s
-        u" AND D.car_nmbr = A.car_nmbr"_s
-        u" AND C.race_nmbr = A.race_nmbr"_s
-        u" AND C.team_nmbr = A.team_nmbr"_s
-        u" AND C.league_nmbr = A.league_nmbr"_s
-        u" AND A.league_nmbr = "_s + league +
-        u" AND A.race_nmbr = "_s + race +
-        u" AND B.team_nmbr = A.team_nmbr"_s
-        u" AND B.car_nmbr = A.car_nmbr"_s
-        u" AND F.team_nmbr = A.team_nmbr"_s
-        u" AND G.league_nmbr = "_s + league;
+        raceRowsFrom(leagueNmbr, raceNmbr);
     if (teamNmbr) {
         const QString team = sqlNumber(*teamNmbr);
         statement += u" AND C.team_nmbr = "_s + team + u" AND A.team_nmbr = "_s + team + u" AND B.team_nmbr = "_s + team;
     }
-    statement += u" AND B.efctv_dt = "_s
-                 u"          (SELECT max(efctv_dt) "_s
-                 u"              FROM team_car "_s
-                 u"             WHERE car_nmbr = B.car_nmbr "_s
-                 u"               AND team_nmbr = B.team_nmbr) "_s;
+    statement += latestRosterEntryCondition();
     statement += teamNmbr
                      ? u" ORDER BY C.team_place,F.team_name, D.car_type_nmbr desc, A.current_status, B.term_dt, A.place"_s
                      : u" ORDER BY C.team_place, F.team_name, D.car_type_nmbr desc, A.current_status, A.place"_s;
@@ -65,19 +48,6 @@ QString finishCell(const IDatabase& rows)
     if (value == 0 || value == 999)
         return {};
     return sqlNumber(value);
-}
-
-// Whether a row's roster entry was in force on the race day; with the flag off every row passes.
-bool passesActiveTest(const IDatabase& rows, bool includeActiveOnly)
-{
-    if (!includeActiveOnly)
-        return true;
-    const QDate raceDate = parseDate(text(rows, u"race_dt"_s));
-    const QDate termDate = parseDate(text(rows, u"term_dt"_s));
-    const QDate efctvDate = parseDate(text(rows, u"efctv_dt"_s));
-    if (termDate.isValid() && termDate < raceDate)
-        return false;
-    return !(efctvDate.isValid() && efctvDate > raceDate);
 }
 
 // The page of Race Detail, and of Team Race Detail for one team.

@@ -1,6 +1,8 @@
 #include "reports/report_entries.h"
 #include "reports/league_standings.h"
 #include "reports/race_detail.h"
+#include "reports/team_cars.h"
+#include "reports/team_detail.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +39,14 @@ const cReportEntry kEntries[] = {
     {u"RD", [](const cReportRequest& r, bool launch) { return raceDetailReport(r.leagueNmbr, r.raceNmbr, launch); }},
     {u"TR", [](const cReportRequest& r, bool launch) {
          return teamRaceDetailReport(r.leagueNmbr, r.teamNmbr, r.raceNmbr, launch);
+     }},
+    {u"TC", [](const cReportRequest& r, bool launch) {
+         // A race not chosen (-1) is no race: every roster entry, titled without "as of".
+         const std::optional<int16_t> race = r.raceNmbr > 0 ? std::optional(r.raceNmbr) : std::nullopt;
+         return teamCarsReport(r.leagueNmbr, r.teamNmbr, launch, r.allTeams, r.separate, race);
+     }},
+    {u"TD", [](const cReportRequest& r, bool launch) {
+         return teamDetailReport(r.leagueNmbr, r.teamNmbr, r.raceNmbr, launch, r.allTeams, r.separate);
      }},
 };
 

@@ -317,6 +317,15 @@ void indexColumns(sqlite3_stmt* stmt, QStringList& columns, QHash<QString, int>&
     }
     for (int c = count - 1; c >= 0; --c)
         index.insert(columns[c].toLower(), c);
+    // The engine names a column of a parenthesised join by its table ("teams.team_nmbr"); it is
+    // read by its own name as well, where no other column goes by that name.
+    for (int c = 0; c < count; ++c) {
+        if (const char* origin = sqlite3_column_origin_name(stmt, c)) {
+            const QString name = QString::fromUtf8(origin).toLower();
+            if (!index.contains(name))
+                index.insert(name, c);
+        }
+    }
 }
 
 } // namespace

@@ -143,6 +143,10 @@ TEST_F(DialectOnEngine, aRightJoinKeepsEveryRowOfItsRightSide)
     for (; !q.eof(); q.MoveNext())
         seen << q.fields(u"car_txt"_s).toText() + u':' + q.fields(u"group_name"_s).toTextOrEmpty();
     EXPECT_EQ(seen, (QStringList{u"20:Group A"_s, u"21:Group A"_s, u"23:"_s}));
+    // The engine names the column by its table here; its own name reads it too.
+    q.MoveFirst();
+    EXPECT_EQ(q.fields(u"team_name"_s).toText(), q.fields(u"teams.team_name"_s).toText());
+    EXPECT_FALSE(q.fields(u"team_name"_s).toText().isEmpty());
 }
 
 TEST_F(DialectOnEngine, insertSelectUpdateFormsAndDeleteWithStar)
