@@ -158,7 +158,7 @@ WITH theme (attribute_nmbr, amt) AS (VALUES
   (12, 2),   -- heading text size
   (13, 2),   -- odd row text size
   (14, 2),   -- even row text size
-  (15, 5),   -- title text size
+  (15, 6),   -- title text size: 6 leaves the team headings of the team pages (4 less) readable
   (16, 6),   -- link: Blue
   (17, 17),  -- visited link: Purple
   (18, 4),   -- hover link: Maroon

@@ -50,15 +50,15 @@ TEST(ReportAttributeGetters, readColoursByCodeNumbersByValueAndTheFirstRowWins)
     TempApp app;
     cReportAttributesCollection look;
     EXPECT_EQ(look.headingBackColor(u"LS"_s), u"#ADD8E6"_s);
-    EXPECT_EQ(look.titleTextSize(u"LS"_s), u"5"_s);
+    EXPECT_EQ(look.titleTextSize(u"LS"_s), u"6"_s);
     EXPECT_TRUE(look.includeFooter(u"LS"_s));
     const int loaded = look.Count();
     run(u"INSERT INTO report_attributes VALUES (2, 15, 7, NULL)"_s);
-    EXPECT_EQ(look.titleTextSize(u"LS"_s), u"5"_s);   // loaded once, kept for the run
+    EXPECT_EQ(look.titleTextSize(u"LS"_s), u"6"_s);   // loaded once, kept for the run
     EXPECT_EQ(look.Count(), loaded);
 
     cReportAttributesCollection fresh;
-    EXPECT_EQ(fresh.titleTextSize(u"LS"_s), u"5"_s);   // the older row comes first
+    EXPECT_EQ(fresh.titleTextSize(u"LS"_s), u"6"_s);   // the older row comes first
     // Two reports never mix, and a colour number missing from the colours reads as no code.
     run(u"UPDATE report_attributes SET amt = 99 WHERE report_nmbr = 1 AND attribute_nmbr = 8"_s);
     cReportAttributesCollection other;

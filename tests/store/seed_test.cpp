@@ -155,7 +155,7 @@ TEST(Seed, everyReportHasAWholeReadableLook)
     EXPECT_EQ(amtRange(11, 2, 4), 0) << "cell padding";
     for (int size : {12, 13, 14})
         EXPECT_EQ(amtRange(size, 2, 2), 0) << "text size " << size;
-    EXPECT_EQ(amtRange(15, 5, 5), 0) << "title size";
+    EXPECT_EQ(amtRange(15, 6, 6), 0) << "title size";
     EXPECT_EQ(amtRange(21, 0, 1), 0) << "include active only";
     EXPECT_EQ(amtRange(22, 1, 1), 0) << "include footer";
     EXPECT_EQ(app.count(u"report_attributes"_s, u"WHERE attribute_nmbr IN (19, 20) AND string_value IS NOT NULL"_s), 0);
