@@ -52,6 +52,9 @@ public:
     virtual bool playWave(const QString& path) = 0;
     // The open or save dialog; nullopt when cancelled.
     virtual std::optional<QString> chooseFile(const FileDialogRequest& request) = 0;
+    // The folder chooser on the report folder (mode 1) or the backup folder (any other mode):
+    // Ok puts the chosen folder into that global, Cancel leaves it as it was. True on Ok.
+    virtual bool chooseFolder(int mode) = 0;
 };
 
 // What a presenter without a window does: nothing to show but its boxes, no status bar, nothing
@@ -67,6 +70,7 @@ public:
     int runProgram(const QString&, const QStringList&) override { return 2; }
     bool playWave(const QString&) override { return false; }
     std::optional<QString> chooseFile(const FileDialogRequest&) override { return std::nullopt; }
+    bool chooseFolder(int) override { return false; }
 
 private:
     int16_t m_pointer = 0;

@@ -1,4 +1,5 @@
 #include "shell/gui_presenter.h"
+#include "base/browser_form.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -319,4 +320,10 @@ std::optional<QString> GuiPresenter::chooseFile(const FileDialogRequest& request
     if (chosen.isEmpty())
         return std::nullopt;
     return chosen;
+}
+
+bool GuiPresenter::chooseFolder(int mode)
+{
+    frmBrowser browser(mode, dialogParent());
+    return browser.exec() == QDialog::Accepted;
 }

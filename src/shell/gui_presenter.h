@@ -1,7 +1,7 @@
 #pragma once
 // The presenter of the running program: message boxes, the override cursor, the status bar,
 // the race screen's progress bar, the desktop's handlers, a command-line wave player and the
-// file dialogs.
+// file dialogs and the folder chooser.
 #include "base/messages.h"
 
 #include <QLabel>
@@ -46,6 +46,8 @@ public:
     int runProgram(const QString& program, const QStringList& arguments) override;
     bool playWave(const QString& path) override;
     std::optional<QString> chooseFile(const FileDialogRequest& request) override;
+    // "Select Report Folder" (frmBrowser), modal.
+    bool chooseFolder(int mode) override;
 
 private:
     void showStatus(const QString& text);

@@ -65,6 +65,22 @@ public:
     // The view of the list panes: 1 large icons, 2 list, 3 detail, 4 small icons.
     void setViewMode(int16_t mode);
 
+    // The report commands: each asks on frmReportRqst what its report is to cover and runs it
+    // into the report folder, opening it in the browser. A report this version lacks says so.
+    void runReportPackage();
+    void runRaceDetail();
+    void runLeagueRaceStandings();
+    void runTeamsPerCarDriver();
+    void runTeamDetail();
+    void runLeagueStandings();
+    void runTeamCars();
+    void runCarDriverPicks();
+    void runCarDriverStats();
+    void runRaceResults();
+    void runCarDetails();
+    void runTeamTrades();
+    void runLeagueRaceSummary();
+
     QMdiArea* mdiArea() const { return m_mdiArea; }
 
 protected:
@@ -116,6 +132,7 @@ private:
     void designRecord(RecordKind kind);
     void deleteRecord(RecordKind kind);
     void requestReport(const QString& tag);
+    void requestAndRunReport(const QString& reportId);
     void showImport();
     void showPublishWeb();
     void showReportDetails();

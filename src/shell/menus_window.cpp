@@ -3,6 +3,8 @@
 #include "league/groups_form.h"
 #include "league/race_types_form.h"
 #include "racing/posting.h"
+#include "reports/report_entries.h"
+#include "reports/report_request_form.h"
 #include "shell/about_form.h"
 #include "shell/gui_record_commands.h"
 #include "shell/main_window.h"
@@ -21,8 +23,6 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
-#include <QTreeWidget>
-#include <QTreeWidgetItemIterator>
 
 using namespace Qt::StringLiterals;
 
@@ -415,18 +415,75 @@ void notAvailableYet(const QString& feature)
 
 } // namespace
 
+// The report of a Reporting node of the tree.
 void frmMain::requestReport(const QString& tag)
 {
-    // The report request screen is not in this version: the node names its report.
-    QString report = tag;
-    for (QTreeWidgetItemIterator it(m_tree); *it; ++it) {
-        if (nodeTag(*it).compare(tag, Qt::CaseInsensitive) == 0) {
-            report = (*it)->text(0);
-            break;
+    static const std::pair<const char16_t*, void (frmMain::*)()> commands[] = {
+        {u"REPORT PACKAGE", &frmMain::runReportPackage},
+        {u"RACE DETAIL", &frmMain::runRaceDetail},
+        {u"TEAM DETAIL", &frmMain::runTeamDetail},
+        {u"LEAGUE STANDINGS", &frmMain::runLeagueStandings},
+        {u"LEAGUE RACE SUMMARY", &frmMain::runLeagueRaceSummary},
+        {u"TEAM CARS", &frmMain::runTeamCars},
+        {u"LEAGUE RACE STANDINGS", &frmMain::runLeagueRaceStandings},
+        {u"CAR DETAILS", &frmMain::runCarDetails},
+        {u"RACE RESULTS", &frmMain::runRaceResults},
+        {u"CAR/DRIVER STATS", &frmMain::runCarDriverStats},
+        {u"TEAM TRADES", &frmMain::runTeamTrades},
+        {u"CAR PICKS", &frmMain::runCarDriverPicks},
+        {u"TEAMS CAR/DRIVER", &frmMain::runTeamsPerCarDriver},
+    };
+    for (const auto& [reportTag, run] : commands) {
+        if (tag.compare(QStringView(reportTag), Qt::CaseInsensitive) == 0) {
+            (this->*run)();
+            return;
         }
     }
-    notAvailableYet(u"The "_s + report + u" report"_s);
 }
+
+// Asks what the report is to cover and, on OK, runs it with launch true. The request screen is
+// gone before the report runs; its answers are kept.
+void frmMain::requestAndRunReport(const QString& reportId)
+{
+    const cReportRequirements* requirements = reportRequirements(reportId);
+    if (!requirements)
+        return;
+    const QString title = QString::fromUtf16(requirements->title);
+    if (!reportAvailable(reportId)) {
+        notAvailableYet(u"The "_s + title + u" report"_s);
+        return;
+    }
+    cReportRequest request;
+    {
+        frmReportRqst dialog(this);
+        dialog.raceRequired = requirements->raceRequired;
+        dialog.leagueRequired = requirements->leagueRequired;
+        dialog.teamRequired = requirements->teamRequired;
+        dialog.showWith(title);
+        if (!dialog.okPressed)
+            return;
+        request.leagueNmbr = dialog.leagueNmbr;
+        request.raceNmbr = dialog.raceNmbr;
+        request.teamNmbr = dialog.teamNmbr;
+        request.allTeams = dialog.allTeams;
+        request.separate = dialog.separate;
+    }
+    runReport(reportId, request, true);
+}
+
+void frmMain::runReportPackage() { requestAndRunReport(u"RP"_s); }
+void frmMain::runRaceDetail() { requestAndRunReport(u"RD"_s); }
+void frmMain::runLeagueRaceStandings() { requestAndRunReport(u"RS"_s); }
+void frmMain::runTeamsPerCarDriver() { requestAndRunReport(u"DT"_s); }
+void frmMain::runTeamDetail() { requestAndRunReport(u"TD"_s); }
+void frmMain::runLeagueStandings() { requestAndRunReport(u"LS"_s); }
+void frmMain::runTeamCars() { requestAndRunReport(u"TC"_s); }
+void frmMain::runCarDriverPicks() { requestAndRunReport(u"CP"_s); }
+void frmMain::runCarDriverStats() { requestAndRunReport(u"DS"_s); }
+void frmMain::runRaceResults() { requestAndRunReport(u"RR"_s); }
+void frmMain::runCarDetails() { requestAndRunReport(u"CD"_s); }
+void frmMain::runTeamTrades() { requestAndRunReport(u"TT"_s); }
+void frmMain::runLeagueRaceSummary() { requestAndRunReport(u"LR"_s); }
 
 void frmMain::showImport()
 {

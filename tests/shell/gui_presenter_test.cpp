@@ -1,4 +1,5 @@
 #include "shell/gui_presenter.h"
+#include "base/app_globals.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -7,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QProgressBar>
@@ -293,6 +295,33 @@ TEST(GuiPresenter, MessageBoxShowsTitleTextIconAndDefaultsToTheFirstButton)
     EXPECT_EQ(text, u"Do you want to save changes"_s);
     EXPECT_EQ(icon, QMessageBox::Warning);
     EXPECT_TRUE(firstIsDefault);
+}
+
+TEST(GuiPresenter, theFolderChooserIsTheReportFolderWindowAndOkKeepsItsFolder)
+{
+    GuiPresenter gui;
+    QTemporaryDir dir;
+    gReportsPath = dir.path();
+    const QString wanted = dir.filePath(u"pages"_s);
+    QString shown;
+    whenModalShown([&](QWidget* modal) {
+        shown = modal->objectName() + u' ' + modal->windowTitle();
+        auto* path = modal->findChild<QLineEdit*>(u"PathName"_s);
+        auto* ok = modal->findChild<QPushButton*>(u"BUT_Ok"_s);
+        if (!path || !ok) {
+            modal->close();
+            return;
+        }
+        path->setText(wanted);
+        QTest::mouseClick(ok, Qt::LeftButton);
+    });
+    EXPECT_TRUE(gui.chooseFolder(1));
+    EXPECT_EQ(shown, u"frmBrowser Select Report Folder"_s);
+    EXPECT_EQ(gReportsPath, wanted);
+
+    whenModalShown([](QWidget* modal) { modal->close(); });
+    EXPECT_FALSE(gui.chooseFolder(1));
+    EXPECT_EQ(gReportsPath, wanted);
 }
 
 #include "gui_presenter_test.moc"

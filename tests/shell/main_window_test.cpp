@@ -1,4 +1,5 @@
 #include "pane_fixture.h"
+#include "reports/report_entries.h"
 #include "shell/startup.h"
 
 #include <QAction>
@@ -18,6 +19,15 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// The id of the report a Reporting node asks for, by its caption.
+QString reportIdOf(const QString& title)
+{
+    for (const cReportRequirements& report : reportRequests())
+        if (title == QStringView(report.title))
+            return QString::fromUtf16(report.reportId);
+    return {};
+}
 
 // A stand-in for a list pane: counts the calls of its setView.
 class ViewPane : public QWidget {
@@ -358,19 +368,25 @@ TEST_F(MainWindowTest, commandsWithoutTheirScreenSayTheyAreNotAvailableYet)
     QTreeWidgetItem* reporting = m_window->nodeByKey(u"Reporting"_s);
     reporting->setExpanded(true);
     QStringList expected;
+    int lacking = 0;
     for (int i = 0; i < reporting->childCount(); ++i) {
         QTreeWidgetItem* node = reporting->child(i);
+        // A report of this version opens its request screen instead (see the report run tests).
+        if (reportAvailable(reportIdOf(node->text(0))))
+            continue;
+        ++lacking;
         m_tree->scrollToItem(node);
         QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier, m_tree->visualItemRect(node).center());
         expected << u"Lapkeeper [Information/Ok] The "_s + node->text(0) + u" report is not available yet."_s;
     }
+    EXPECT_GT(lacking, 0);
+    EXPECT_LT(lacking, 13);
     for (const QString& name : {u"mnuFileImport"_s, u"mnuFilePublishWeb"_s, u"mnuReportReportDetails"_s})
         action(name)->trigger();
     expected << u"Lapkeeper [Information/Ok] Import is not available yet."_s
              << u"Lapkeeper [Information/Ok] Publish Web is not available yet."_s
              << u"Lapkeeper [Information/Ok] Report Details is not available yet."_s;
     EXPECT_EQ(shownBoxes(boxes()), expected);
-    EXPECT_EQ(expected.size(), 16);
 }
 
 #include "main_window_test.moc"

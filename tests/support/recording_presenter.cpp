@@ -1,5 +1,7 @@
 #include "support/recording_presenter.h"
 
+#include "base/app_globals.h"
+
 #include <gtest/gtest.h>
 
 RecordingPresenter::RecordingPresenter()
@@ -27,6 +29,7 @@ void RecordingPresenter::clear()
     m_pointers.clear();
     m_launches.clear();
     m_fileRequests.clear();
+    m_folderRequests.clear();
 }
 
 Answer RecordingPresenter::messageBox(const QString& text, const QString& title, Icon icon, Buttons buttons)
@@ -61,4 +64,19 @@ std::optional<QString> RecordingPresenter::chooseFile(const FileDialogRequest& r
     if (!chosen)
         return std::nullopt;
     return file;
+}
+
+bool RecordingPresenter::chooseFolder(int mode)
+{
+    m_folderRequests.append(mode);
+    if (m_folders.empty()) {
+        ADD_FAILURE() << "unexpected folder chooser, mode " << mode;
+        return false;
+    }
+    const std::optional<QString> folder = m_folders.front();
+    m_folders.pop_front();
+    if (!folder)
+        return false;
+    (mode == 1 ? gReportsPath : gBackupsPath) = *folder;
+    return true;
 }

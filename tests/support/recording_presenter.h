@@ -5,7 +5,7 @@
 #include <deque>
 
 // Records every box (text, title, icon, buttons) and every status text, pointer, launch and
-// file dialog; answers boxes and dialogs from queues. A box that the test did not queue an
+// file or folder dialog; answers boxes and dialogs from queues. A box that the test did not queue an
 // answer for fails the test (a plain Ok box needs no answer).
 struct RecordedBox {
     QString text;
@@ -21,6 +21,8 @@ public:
 
     void queueAnswer(Answer answer) { m_answers.push_back(answer); }
     void queueFile(std::optional<QString> file) { m_files.push_back(std::move(file)); }
+    // The folder the next folder chooser picks, or nullopt for Cancel.
+    void queueFolder(std::optional<QString> folder) { m_folders.push_back(std::move(folder)); }
     void setLaunchResult(int result) { m_launchResult = result; }
     void setPlayResult(bool ok) { m_playResult = ok; }
 
@@ -31,6 +33,7 @@ public:
     const QList<int16_t>& pointers() const { return m_pointers; }
     const QStringList& launches() const { return m_launches; }
     const QList<FileDialogRequest>& fileRequests() const { return m_fileRequests; }
+    const QList<int>& folderRequests() const { return m_folderRequests; }   // their modes
     int beeps() const { return m_beeps; }
     int progressTicks() const { return m_progress; }
 
@@ -44,16 +47,19 @@ public:
     int runProgram(const QString& program, const QStringList& arguments) override;
     bool playWave(const QString& path) override { m_launches << path; return m_playResult; }
     std::optional<QString> chooseFile(const FileDialogRequest& request) override;
+    bool chooseFolder(int mode) override;
 
 private:
     IPresenter* m_previous = nullptr;
     std::deque<Answer> m_answers;
     std::deque<std::optional<QString>> m_files;
+    std::deque<std::optional<QString>> m_folders;
     QList<RecordedBox> m_boxes;
     QStringList m_statusTexts;
     QList<int16_t> m_pointers;
     QStringList m_launches;
     QList<FileDialogRequest> m_fileRequests;
+    QList<int> m_folderRequests;
     int16_t m_pointer = 0;
     int m_launchResult = 42;
     bool m_playResult = true;
