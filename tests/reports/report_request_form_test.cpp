@@ -198,23 +198,6 @@ TEST_F(ReportRequestScreen, checksRaceThenLeagueThenTeam)
     EXPECT_FALSE(noRace.okPressed);
 }
 
-TEST_F(ReportRequestScreen, aTeamIsRequiredOnlyWhileAllIsUnticked)
-{
-    seedSeason();
-    open(u"Team Detail"_s, true, true, true);
-    clickBox(box(u"chkTeamAll"_s));
-    clickOk();
-    expectRefusal(app, u"A Team is required for this Report"_s, u"cmbTeam"_s);
-    EXPECT_FALSE(form.okPressed);
-
-    clickBox(box(u"chkTeamAll"_s));
-    clickOk();
-    EXPECT_TRUE(form.okPressed);
-    EXPECT_TRUE(form.allTeams);
-    EXPECT_EQ(form.raceNmbr, 501);
-    EXPECT_EQ(app.presenter().boxes().size(), 1);
-}
-
 TEST_F(ReportRequestScreen, allSeparateAndTheTeamListWorkTogether)
 {
     seedSeason();
@@ -332,21 +315,13 @@ TEST_F(ReportRequestScreen, clearingTheFolderDeletesOnlyPagesAndOnlyAfterTheChec
     EXPECT_TRUE(folder.exists(u"LS500.html"_s));
     EXPECT_TRUE(folder.exists(u"OLD.HTML"_s));
 
-    pickByKeys(list(u"cmbTeam"_s), u"Aces"_s);
+    // With All ticked again no team is needed.
+    clickBox(box(u"chkTeamAll"_s));
     clickOk();
     EXPECT_TRUE(form.okPressed);
+    EXPECT_TRUE(form.allTeams);
     QStringList left = folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
     EXPECT_EQ(left, QStringList({u"archive.html"_s, u"logo.gif"_s, u"notes.txt"_s, u"page.htm"_s}));
     EXPECT_TRUE(folder.exists(u"archive.html/kept.html"_s));
     EXPECT_EQ(app.presenter().boxes().size(), 1);
-}
-
-TEST_F(ReportRequestScreen, anUntickedClearLeavesThePagesAlone)
-{
-    seedSeason();
-    writeFile(QDir(gReportsPath).filePath(u"LS500.html"_s));
-    open(u"League Standings"_s, true, true, false);
-    clickOk();
-    EXPECT_TRUE(form.okPressed);
-    EXPECT_TRUE(QDir(gReportsPath).exists(u"LS500.html"_s));
 }
