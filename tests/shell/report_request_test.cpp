@@ -3,6 +3,7 @@
 #include "racing/season.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QFileInfo>
@@ -38,8 +39,8 @@ QString fileText(const QString& path)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-// The main window on a data file with one league whose first race is posted and whose second is
-// still to come.
+// The main window on a data file with one league of two teams, whose first race is posted and
+// whose second is still to come.
 class ReportRunTest : public PaneTest {
 protected:
     void SetUp() override
@@ -49,10 +50,14 @@ protected:
         const int16_t league = s.league(s.method({10, 5}));
         const int16_t team = s.team(league);
         const int16_t car = s.car(u"7"_s);
+        const int16_t rival = s.team(league);
+        const int16_t rivalCar = s.car(u"8"_s);
         s.hold(team, car, u"2026-01-01"_s);
+        s.hold(rival, rivalCar, u"2026-01-01"_s);
         const int16_t posted = s.race(u"2026-03-01"_s);
         s.race(u"2026-03-08"_s);
         s.result(posted, car, 1);
+        s.result(posted, rivalCar, 2);
         postResults(Season::raceRecord(posted));
         boxes().clear();
         m_tree = m_window->findChild<QTreeWidget*>(u"sstreemain"_s);
@@ -116,4 +121,20 @@ TEST_F(ReportRunTest, aCancelledRequestRunsNothingButItsFolderTakesTheNextReport
     EXPECT_EQ(page.absolutePath(), elsewhere);
     EXPECT_TRUE(page.isFile());
     EXPECT_TRUE(shownBoxes(boxes()).isEmpty()) << qPrintable(shownBoxes(boxes()).join(u'\n'));
+}
+
+TEST_F(ReportRunTest, teamDetailWithSeparateTickedWritesAndOpensAPagePerTeam)
+{
+    whenModalShown([](QDialog* dialog) {
+        auto* separate = dialog->findChild<QCheckBox*>(u"chkSeparate"_s);
+        QTest::mouseClick(separate, Qt::LeftButton, {}, QPoint(6, separate->height() / 2));
+        QTest::mouseClick(dialog->findChild<QPushButton*>(u"cmdOK"_s), Qt::LeftButton);
+    });
+    clickNode(u"Team Detail"_s);
+    EXPECT_TRUE(shownBoxes(boxes()).isEmpty()) << qPrintable(shownBoxes(boxes()).join(u'\n'));
+    ASSERT_EQ(boxes().launches().size(), 2);
+    EXPECT_NE(boxes().launches()[0], boxes().launches()[1]);
+    EXPECT_TRUE(fileText(boxes().launches()[0]).contains(u"Team 500"_s));
+    EXPECT_FALSE(fileText(boxes().launches()[0]).contains(u"Team 501"_s));
+    EXPECT_TRUE(fileText(boxes().launches()[1]).contains(u"Team 501"_s));
 }
