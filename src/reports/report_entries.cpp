@@ -1,6 +1,7 @@
 #include "reports/report_entries.h"
 #include "reports/league_standings.h"
 #include "reports/race_detail.h"
+#include "reports/report_package.h"
 #include "reports/team_cars.h"
 #include "reports/team_detail.h"
 
@@ -45,6 +46,7 @@ const cReportEntry kEntries[] = {
          const std::optional<int16_t> race = r.raceNmbr > 0 ? std::optional(r.raceNmbr) : std::nullopt;
          return teamCarsReport(r.leagueNmbr, r.teamNmbr, launch, r.allTeams, r.separate, race);
      }},
+    {u"RP", [](const cReportRequest& r, bool launch) { return reportPackage(r.leagueNmbr, r.raceNmbr, launch); }},
     {u"TD", [](const cReportRequest& r, bool launch) {
          return teamDetailReport(r.leagueNmbr, r.teamNmbr, r.raceNmbr, launch, r.allTeams, r.separate);
      }},

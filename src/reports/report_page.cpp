@@ -25,15 +25,13 @@ cReportRun::cReportRun(const QString& reportId) : m_id(reportId)
 
 cReportRun::~cReportRun()
 {
-    if (m_open)
-        closeReportFile(m_channel);
+    closeFile();
 }
 
 void cReportRun::open(int16_t firstNumber, std::optional<int16_t> secondNumber)
 {
     m_fileName = reportFileName(m_id, firstNumber, secondNumber);
-    openReportFile(m_channel, m_fileName);
-    m_open = true;
+    openFile(m_fileName);
 
     IDatabase db;
     if (db.OpenResultSet(u"SELECT A.*"_s
@@ -45,6 +43,21 @@ void cReportRun::open(int16_t firstNumber, std::optional<int16_t> secondNumber)
             m_columns.push_back(db.fields(u"column_nmbr"_s).toInt16());
     }
     m_attributes.loadReportCd(m_id);
+}
+
+void cReportRun::openFile(const QString& fileName)
+{
+    closeFile();
+    openReportFile(m_channel, fileName);
+    m_open = true;
+}
+
+void cReportRun::closeFile()
+{
+    if (m_open) {
+        closeReportFile(m_channel);
+        m_open = false;
+    }
 }
 
 void cReportRun::line(const QString& text)
@@ -162,10 +175,7 @@ int16_t cReportRun::size(const QString& text) const
 
 QString cReportRun::finish(bool launch)
 {
-    if (m_open) {
-        closeReportFile(m_channel);
-        m_open = false;
-    }
+    closeFile();
     if (launch)
         launchReport(m_fileName);
     setStatusText(QString());

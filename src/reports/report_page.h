@@ -27,6 +27,10 @@ public:
 
     // Names the file by the numbers, opens it, reads the chosen columns and the look.
     void open(int16_t firstNumber, std::optional<int16_t> secondNumber = {});
+    // Opens another file under the run's channel, closing the one open; the package writes its
+    // three pages in turn this way. The run's file name stays the one open() gave.
+    void openFile(const QString& fileName);
+    void closeFile();
     // The column numbers the operator chose, in their order.
     const std::vector<int16_t>& columns() const { return m_columns; }
     int columnCount() const { return static_cast<int>(m_columns.size()); }

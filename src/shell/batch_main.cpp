@@ -45,6 +45,8 @@ const char* const kUsageText =
     "                                write a report into the report folder (launch off) and print\n"
     "                                the name of every file written; ID is a report id (LS, RD, TC,\n"
     "                                TD, TR, ...)\n"
+    "  package --league N --race N   write the report package (frames page, navigation page and\n"
+    "                                every report it holds) and print the files it wrote\n"
     "  restore FILE                  put a checked copy of FILE in the data file's place; the current\n"
     "                                data file is kept in Backups/ first\n";
 
@@ -181,9 +183,11 @@ int runCommand(const QStringList& args, const ConsolePresenter& console)
             return usage(u"standings takes a league number and a race number"_s);
         return runStandings(league, race);
     }
-    if (command == u"report") {
+    if (command == u"report" || command == u"package") {
+        // "package" is the report package under a name of its own.
+        const QStringList reportArgs = command == u"package" ? QStringList{u"report"_s, u"RP"_s} + args.mid(1) : args;
         QString problem;
-        const int status = runReportCommand(args, console, problem);
+        const int status = runReportCommand(reportArgs, console, problem);
         return problem.isEmpty() ? status : usage(problem);
     }
     if (command == u"clear-season") {
