@@ -131,7 +131,13 @@ TEST(BatchTool, reportWritesThePagesIntoTheReportFolderAndPrintsTheirNames)
     EXPECT_EQ(batch(dir, {u"report"_s, u"XX"_s}).status, 2);
     EXPECT_EQ(batch(dir, {u"report"_s, u"LS"_s, u"--league"_s, u"500"_s}).status, 2);        // no race
     EXPECT_EQ(batch(dir, {u"report"_s, u"LS"_s, u"--league"_s, u"x"_s, u"--race"_s, u"1"_s}).status, 2);
-    EXPECT_EQ(batch(dir, {u"report"_s, u"RP"_s, u"--league"_s, u"500"_s, u"--race"_s, u"500"_s}).status, 2);
+
+    // The package: its frames page, blank page and navigation page, then the reports it holds.
+    const BatchRun package = batch(dir, {u"package"_s, u"--league"_s, u"500"_s, u"--race"_s, u"500"_s});
+    EXPECT_EQ(package.status, 0) << qPrintable(package.err);
+    EXPECT_TRUE(package.out.startsWith(u"rp05000000.html\nblank.html\n500nav.html\nls05000500.html\n"_s))
+        << qPrintable(package.out);
+    EXPECT_EQ(batch(dir, {u"package"_s, u"--league"_s, u"500"_s}).status, 2);
 }
 
 } // namespace
