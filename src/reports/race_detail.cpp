@@ -76,11 +76,7 @@ public:
         m_run.line(u"<br>"_s);
         m_run.writeTitle(raceName, 2);
         const cVariant& status = m_rows.fields(u"race_status_nmbr"_s);
-        if (const QString statusLine = raceStatusLine(status.isNull() ? int16_t(0) : status.toInt16());
-            !statusLine.isEmpty()) {
-            m_run.line(u"<br>"_s);
-            m_run.writeTitle(statusLine, 3);
-        }
+        m_run.writeRaceStatus(status.isNull() ? int16_t(0) : status.toInt16());
         m_run.writeTableTag();
         m_run.writeHeadingRow([this](int16_t column) { return heading(column); }, QString());
 

@@ -1,9 +1,13 @@
 #include "reports/report_entries.h"
+#include "reports/league_race_standings.h"
+#include "reports/league_race_summary.h"
 #include "reports/league_standings.h"
 #include "reports/race_detail.h"
+#include "reports/race_results.h"
 #include "reports/report_package.h"
 #include "reports/team_cars.h"
 #include "reports/team_detail.h"
+#include "reports/team_trades.h"
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +53,12 @@ const cReportEntry kEntries[] = {
     {u"RP", [](const cReportRequest& r, bool launch) { return reportPackage(r.leagueNmbr, r.raceNmbr, launch); }},
     {u"TD", [](const cReportRequest& r, bool launch) {
          return teamDetailReport(r.leagueNmbr, r.teamNmbr, r.raceNmbr, launch, r.allTeams, r.separate);
+     }},
+    {u"RS", [](const cReportRequest& r, bool launch) { return leagueRaceStandingsReport(r.leagueNmbr, r.raceNmbr, launch); }},
+    {u"LR", [](const cReportRequest& r, bool launch) { return leagueRaceSummaryReport(r.leagueNmbr, launch); }},
+    {u"RR", [](const cReportRequest& r, bool launch) { return raceResultsReport(r.raceNmbr, launch); }},
+    {u"TT", [](const cReportRequest& r, bool launch) {
+         return teamTradesReport(r.leagueNmbr, r.teamNmbr, r.raceNmbr, launch, r.allTeams, r.separate);
      }},
 };
 

@@ -90,6 +90,14 @@ void cReportRun::writeTitle(const QString& text, int16_t sizeDrop)
     line(textParagraph(size, m_attributes.titleTextColor(m_id), text, u"center"_s));
 }
 
+void cReportRun::writeRaceStatus(int16_t raceStatusNmbr)
+{
+    if (const QString status = raceStatusLine(raceStatusNmbr); !status.isEmpty()) {
+        line(u"<br>"_s);
+        writeTitle(status, 3);
+    }
+}
+
 void cReportRun::writeHeaderImage()
 {
     line(imageParagraph(m_attributes.headerImage(m_id), u"center"_s));

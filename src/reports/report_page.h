@@ -46,6 +46,9 @@ public:
     void writeSorry(bool leagueless = false);
     // A title paragraph at the title size less sizeDrop, centred, in the title colour.
     void writeTitle(const QString& text, int16_t sizeDrop = 0);
+    // The race's status line ("Unofficial", "Qualifying") after a "<br>", at the title size less
+    // 3; nothing for a status that has none.
+    void writeRaceStatus(int16_t raceStatusNmbr);
     // The header image paragraph, centred.
     void writeHeaderImage();
     // The table tag of the report's border, padding and spacing.

@@ -140,4 +140,32 @@ TEST(BatchTool, reportWritesThePagesIntoTheReportFolderAndPrintsTheirNames)
     EXPECT_EQ(batch(dir, {u"package"_s, u"--league"_s, u"500"_s}).status, 2);
 }
 
+TEST(BatchTool, reportAsksEachReportOnlyForTheNumbersItTakes)
+{
+    QTemporaryDir dir;
+    seedTwoRaceSeason(dir);
+    ASSERT_EQ(batch(dir, {u"post"_s, u"500"_s}).status, 0);
+
+    // Race Results belongs to no league, and shows results whether posted or not.
+    const BatchRun results = batch(dir, {u"report"_s, u"RR"_s, u"--race"_s, u"501"_s});
+    EXPECT_EQ(results.status, 0) << qPrintable(results.err);
+    EXPECT_EQ(results.out, u"rr05010000.html\n"_s);
+    EXPECT_EQ(batch(dir, {u"report"_s, u"RR"_s}).status, 2);
+
+    // The grid writes the pages of the posted race and of each team it links to.
+    const BatchRun summary = batch(dir, {u"report"_s, u"LR"_s, u"--league"_s, u"500"_s});
+    EXPECT_EQ(summary.status, 0) << qPrintable(summary.err);
+    EXPECT_EQ(summary.out, u"lr05000000.html\nrd05000500.html\ntc05000000.html\ntc05010000.html\n"_s);
+
+    const BatchRun standings = batch(dir, {u"report"_s, u"RS"_s, u"--league"_s, u"500"_s, u"--race"_s, u"500"_s});
+    EXPECT_EQ(standings.status, 0) << qPrintable(standings.err);
+    EXPECT_EQ(standings.out, u"rs05000500.html\ntr05000500.html\ntr05000501.html\n"_s);
+
+    const BatchRun trades = batch(dir, {u"report"_s, u"TT"_s, u"--league"_s, u"500"_s, u"--race"_s, u"500"_s,
+                                        u"--all-teams"_s});
+    EXPECT_EQ(trades.status, 0) << qPrintable(trades.err);
+    EXPECT_EQ(trades.out, u"tt9990000.html\n"_s);
+    EXPECT_EQ(batch(dir, {u"report"_s, u"TT"_s, u"--league"_s, u"500"_s, u"--race"_s, u"500"_s}).status, 2);   // no team
+}
+
 } // namespace
