@@ -41,6 +41,26 @@ QString maskedPage(const QString& text)
     return masked.replace(created, u"Created <date and time>"_s);
 }
 
+QString reportPage(const QString& name)
+{
+    QFile file(gReportsPath + u'/' + name);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : u"<missing>"_s;
+}
+
+QStringList reportPages()
+{
+    return pagesIn(gReportsPath);
+}
+
+QStringList dataCellTexts(const QString& html)
+{
+    static const QRegularExpression cell(u"<TD colspan=1  align = '\\w+'><FONT[^>]*>([^<]*) </FONT></TD>"_s);
+    QStringList texts;
+    for (const QRegularExpressionMatch& match : cell.globalMatch(html))
+        texts << match.captured(1);
+    return texts;
+}
+
 void runGoldenSetup(const QString& caseName)
 {
     QString script;

@@ -14,3 +14,10 @@ void runGoldenSetup(const QString& caseName);
 void expectGoldenPages(const QString& caseName);
 // The page as the comparison sees it: the footer's date and time masked.
 QString maskedPage(const QString& text);
+
+// The text of a page in the report folder, or "<missing>".
+QString reportPage(const QString& name);
+// The pages in the report folder, by name.
+QStringList reportPages();
+// The texts of the data cells of a page, in order.
+QStringList dataCellTexts(const QString& html);

@@ -6,22 +6,9 @@
 #include "reports/race_results.h"
 #include "support/temp_app.h"
 
-#include <QDir>
-#include <QFile>
 #include <gtest/gtest.h>
 
 namespace {
-
-QString page(const QString& name)
-{
-    QFile file(gReportsPath + u'/' + name);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : u"<missing>"_s;
-}
-
-QStringList reportFiles()
-{
-    return QDir(gReportsPath).entryList({u"*.html"_s}, QDir::Files, QDir::Name);
-}
 
 void expectOneInformationBox(const RecordingPresenter& presenter, const QString& text)
 {
@@ -55,7 +42,7 @@ TEST(LeagueRaceStandingsPages, aRaceTheLeagueHasNoRowsForWritesNothingAndSaysSoO
 
     EXPECT_EQ(leagueRaceStandingsReport(season.league, season.otherRace, true), QString());
     expectOneInformationBox(app.presenter(), u"Results not posted for this Race."_s);
-    EXPECT_TRUE(reportFiles().isEmpty());
+    EXPECT_TRUE(reportPages().isEmpty());
     EXPECT_TRUE(app.presenter().launches().isEmpty());
 }
 
@@ -69,8 +56,8 @@ TEST(LeagueRaceSummaryPages, gridEveryTeamByEveryRaceAndRewriteTheRaceAndTeamPag
     EXPECT_EQ(app.presenter().launches(), QStringList{gReportsPath + u"/lr05000000.html"_s});
     EXPECT_TRUE(app.presenter().boxes().isEmpty()) << qPrintable(app.presenter().boxTexts().join(u'\n'));
     // The late team's Team Cars page has no rows and stays empty; its links point at nothing.
-    EXPECT_EQ(page(u"tc06000000.html"_s), QString());
-    EXPECT_TRUE(page(u"lr05000000.html"_s).contains(u"<A HREF=''>Late Starters </A> "_s));
+    EXPECT_EQ(reportPage(u"tc06000000.html"_s), QString());
+    EXPECT_TRUE(reportPage(u"lr05000000.html"_s).contains(u"<A HREF=''>Late Starters </A> "_s));
     expectGoldenPages(u"league_race_summary"_s);
 }
 
@@ -85,8 +72,8 @@ TEST(LeagueRaceSummaryPages, aLeagueWithoutPostedRowsLeavesItsFileEmpty)
 
     EXPECT_EQ(leagueRaceSummaryReport(600, true), QString());
     expectOneInformationBox(app.presenter(), u"Results not posted for this Race."_s);
-    EXPECT_EQ(reportFiles(), QStringList{u"lr06000000.html"_s});
-    EXPECT_EQ(page(u"lr06000000.html"_s), QString());
+    EXPECT_EQ(reportPages(), QStringList{u"lr06000000.html"_s});
+    EXPECT_EQ(reportPage(u"lr06000000.html"_s), QString());
     EXPECT_TRUE(app.presenter().launches().isEmpty());
     EXPECT_EQ(app.presenter().pointers().last(), 0);
 }
@@ -110,7 +97,7 @@ TEST(RaceResultsPages, aRaceWithoutResultsWritesNothingAndSaysNothing)
     EXPECT_EQ(raceResultsReport(600, true), QString());
     EXPECT_TRUE(app.presenter().boxes().isEmpty()) << qPrintable(app.presenter().boxTexts().join(u'\n'));
     EXPECT_TRUE(app.presenter().launches().isEmpty());
-    EXPECT_TRUE(reportFiles().isEmpty());
+    EXPECT_TRUE(reportPages().isEmpty());
     EXPECT_EQ(app.presenter().statusTexts().last(), QString());
 }
 

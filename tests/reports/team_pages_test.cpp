@@ -6,23 +6,9 @@
 #include "reports/team_detail.h"
 #include "support/temp_app.h"
 
-#include <QDir>
-#include <QFile>
-#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 namespace {
-
-QString page(const QString& name)
-{
-    QFile file(gReportsPath + u'/' + name);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : u"<missing>"_s;
-}
-
-QStringList reportFiles()
-{
-    return QDir(gReportsPath).entryList({u"*.html"_s}, QDir::Files, QDir::Name);
-}
 
 QStringList inFolder(const QStringList& names)
 {
@@ -30,16 +16,6 @@ QStringList inFolder(const QStringList& names)
     for (const QString& name : names)
         paths << gReportsPath + u'/' + name;
     return paths;
-}
-
-// The texts of the data cells of a page, in order.
-QStringList cellTexts(const QString& html)
-{
-    static const QRegularExpression cell(u"<TD colspan=1  align = '\\w+'><FONT[^>]*>([^<]*) </FONT></TD>"_s);
-    QStringList texts;
-    for (const QRegularExpressionMatch& match : cell.globalMatch(html))
-        texts << match.captured(1);
-    return texts;
 }
 
 cReportRequest teamRequest(const ReportSeason& season, int16_t race, bool separate)
@@ -97,14 +73,14 @@ TEST(TeamCarsPages, aTeamWithoutCarsLeavesAnEmptyFileAndOpensNothing)
     ASSERT_TRUE(IDatabase().execute(u"INSERT INTO league_teams VALUES (%1, 600)"_s.arg(season.league)));
 
     EXPECT_EQ(teamCarsReport(season.league, 600, true, false, false, season.races[0]), QString());
-    EXPECT_EQ(page(u"tc06000000.html"_s), QString());
+    EXPECT_EQ(reportPage(u"tc06000000.html"_s), QString());
     EXPECT_TRUE(app.presenter().launches().isEmpty());
     EXPECT_TRUE(app.presenter().boxes().isEmpty()) << qPrintable(app.presenter().boxTexts().join(u'\n'));
 
     // In one file of all teams a team without cars has no block at all.
     EXPECT_EQ(teamCarsReport(season.league, -1, false, true, false), u"tc9990000.html"_s);
-    EXPECT_FALSE(page(u"tc9990000.html"_s).contains(u"Empty Garage"_s));
-    EXPECT_TRUE(page(u"tc9990000.html"_s).contains(u"Green Flags"_s));
+    EXPECT_FALSE(reportPage(u"tc9990000.html"_s).contains(u"Empty Garage"_s));
+    EXPECT_TRUE(reportPage(u"tc9990000.html"_s).contains(u"Green Flags"_s));
 }
 
 TEST(TeamCarsPages, aTeamNumberTooLargeForTheFileNameStopsTheReportWithItsErrors)
@@ -123,7 +99,7 @@ TEST(TeamCarsPages, aTeamNumberTooLargeForTheFileNameStopsTheReportWithItsErrors
     EXPECT_TRUE(texts[1].startsWith(u"Error creating report file - "_s));
     EXPECT_EQ(texts[2], u"Error generating report Bad file name or number"_s);
     EXPECT_TRUE(app.presenter().launches().isEmpty());
-    EXPECT_TRUE(reportFiles().isEmpty());
+    EXPECT_TRUE(reportPages().isEmpty());
     EXPECT_EQ(app.presenter().pointers().last(), 0);
 }
 
@@ -170,7 +146,7 @@ TEST(TeamDetailPages, aLowScoreLeagueListsTheLowestTotalFirstAndMeasuresFromIt)
     EXPECT_EQ(teamDetailReport(season.league, season.teams[0], season.races[1], false, false, false),
               u"td05000500.html"_s);
     // Car 3 (31 points) leads car 2 (98 points), which stands 67 points the wrong side of it.
-    EXPECT_EQ(cellTexts(page(u"td05000500.html"_s)), (QStringList{u"3"_s, u"31"_s, u"0"_s, u"2"_s, u"98"_s, u"-67"_s}));
+    EXPECT_EQ(dataCellTexts(reportPage(u"td05000500.html"_s)), (QStringList{u"3"_s, u"31"_s, u"0"_s, u"2"_s, u"98"_s, u"-67"_s}));
 }
 
 TEST(TeamDetailPages, aRaceWithoutPostedRowsIsToldWhenLaunchedAndWritesNoFile)
@@ -184,7 +160,7 @@ TEST(TeamDetailPages, aRaceWithoutPostedRowsIsToldWhenLaunchedAndWritesNoFile)
     ASSERT_EQ(app.presenter().boxes().size(), 1);
     EXPECT_EQ(app.presenter().boxes()[0].text, u"Results not posted for this Race."_s);
     EXPECT_EQ(app.presenter().boxes()[0].icon, Icon::Information);
-    EXPECT_TRUE(reportFiles().isEmpty());
+    EXPECT_TRUE(reportPages().isEmpty());
     EXPECT_TRUE(app.presenter().launches().isEmpty());
 }
 
@@ -204,9 +180,9 @@ TEST(TeamDetailPages, aSumTooLargeMidPageLeavesThePartialFileUnopenedAndSaysWhy)
     EXPECT_EQ(app.presenter().pointers().last(), 0);
 
     // Car 2's row stands; car 3's stops before its laps-led cell.
-    const QString written = page(u"td05000500.html"_s);
+    const QString written = reportPage(u"td05000500.html"_s);
     EXPECT_TRUE(written.contains(u"<STRONG>Red Arrows</STRONG>"_s));
-    EXPECT_EQ(cellTexts(written).mid(0, 4), (QStringList{u"2"_s, u"Driver 2"_s, u"&nbsp;"_s, u"10"_s}));
+    EXPECT_EQ(dataCellTexts(written).mid(0, 4), (QStringList{u"2"_s, u"Driver 2"_s, u"&nbsp;"_s, u"10"_s}));
     EXPECT_FALSE(written.contains(u"</html>"_s));
     EXPECT_TRUE(written.endsWith(u"Driver 3 </FONT></TD>\n<TD colspan=1  align = 'center'><FONT size = '2' color = '#000000'>&nbsp; </FONT></TD>\n"_s))
         << qPrintable(written.right(200));

@@ -5,27 +5,9 @@
 #include "reports/team_trades.h"
 #include "support/temp_app.h"
 
-#include <QFile>
-#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 namespace {
-
-QString page(const QString& name)
-{
-    QFile file(gReportsPath + u'/' + name);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : u"<missing>"_s;
-}
-
-// The texts of the data cells of a page, in order.
-QStringList cellTexts(const QString& html)
-{
-    static const QRegularExpression cell(u"<TD colspan=1  align = '\\w+'><FONT[^>]*>([^<]*) </FONT></TD>"_s);
-    QStringList texts;
-    for (const QRegularExpressionMatch& match : cell.globalMatch(html))
-        texts << match.captured(1);
-    return texts;
-}
 
 void execute(const QString& statement)
 {
@@ -43,10 +25,10 @@ TEST(TeamTradesPages, oneTeamShowsTheDropAndThePickUpSinceThePreviousRace)
 
     // Trades are about entries that are no longer, or not yet, in force: showing active entries
     // only changes nothing here.
-    const QString shown = page(u"tt05020000.html"_s);
+    const QString shown = reportPage(u"tt05020000.html"_s);
     execute(u"UPDATE report_attributes SET amt = 1 WHERE attribute_nmbr = 21 AND report_nmbr = 11"_s);
     teamTradesReport(season.league, season.teams[2], season.races[2], false, false, false);
-    EXPECT_EQ(maskedPage(page(u"tt05020000.html"_s)), maskedPage(shown));
+    EXPECT_EQ(maskedPage(reportPage(u"tt05020000.html"_s)), maskedPage(shown));
 }
 
 TEST(TeamTradesPages, allTeamsGoIntoOneFileAndATeamWithoutTradesKeepsAnEmptyTable)
@@ -93,7 +75,7 @@ TEST(TeamTradesPages, countTradesFromTheDayAfterThePreviousRaceThroughRaceDay)
 
     EXPECT_EQ(teamTradesReport(season.league, season.teams[1], season.races[2], false, false, false),
               u"tt05010000.html"_s);
-    EXPECT_EQ(cellTexts(page(u"tt05010000.html"_s)), (QStringList{u"3"_s, u"24"_s}));
+    EXPECT_EQ(dataCellTexts(reportPage(u"tt05010000.html"_s)), (QStringList{u"3"_s, u"24"_s}));
 }
 
 TEST(TeamTradesPages, aTeamWithoutRosterEntriesLeavesAnEmptyFileAndOpensNothing)
@@ -104,7 +86,7 @@ TEST(TeamTradesPages, aTeamWithoutRosterEntriesLeavesAnEmptyFileAndOpensNothing)
     execute(u"INSERT INTO league_teams VALUES (%1, 600)"_s.arg(season.league));
 
     EXPECT_EQ(teamTradesReport(season.league, 600, season.races[1], true, false, false), QString());
-    EXPECT_EQ(page(u"tt06000000.html"_s), QString());
+    EXPECT_EQ(reportPage(u"tt06000000.html"_s), QString());
     EXPECT_TRUE(app.presenter().launches().isEmpty());
     EXPECT_TRUE(app.presenter().boxes().isEmpty()) << qPrintable(app.presenter().boxTexts().join(u'\n'));
 }
