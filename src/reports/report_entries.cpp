@@ -1,4 +1,7 @@
 #include "reports/report_entries.h"
+#include "reports/car_details.h"
+#include "reports/car_picks.h"
+#include "reports/driver_stats.h"
 #include "reports/league_race_standings.h"
 #include "reports/league_race_summary.h"
 #include "reports/league_standings.h"
@@ -8,6 +11,7 @@
 #include "reports/team_cars.h"
 #include "reports/team_detail.h"
 #include "reports/team_trades.h"
+#include "reports/teams_per_car.h"
 
 using namespace Qt::StringLiterals;
 
@@ -60,6 +64,10 @@ const cReportEntry kEntries[] = {
     {u"TT", [](const cReportRequest& r, bool launch) {
          return teamTradesReport(r.leagueNmbr, r.teamNmbr, r.raceNmbr, launch, r.allTeams, r.separate);
      }},
+    {u"CD", [](const cReportRequest& r, bool launch) { return carDetailsReport(r.leagueNmbr, launch); }},
+    {u"DS", [](const cReportRequest& r, bool launch) { return driverStatsReport(r.leagueNmbr, launch); }},
+    {u"CP", [](const cReportRequest& r, bool launch) { return carPicksReport(r.leagueNmbr, launch); }},
+    {u"DT", [](const cReportRequest& r, bool launch) { return teamsPerCarDriverReport(r.leagueNmbr, launch, r.raceNmbr); }},
 };
 
 const cReportEntry* entryOf(const QString& reportId)

@@ -191,6 +191,14 @@ QString cReportRun::finish(bool launch)
     return m_fileName;
 }
 
+QString cReportRun::finishEmpty(const QString& reason)
+{
+    finish(false);
+    if (!reason.isEmpty())
+        messageBox(reason, u"Lapkeeper"_s, Icon::Information);
+    return {};
+}
+
 QString runReportEntry(const std::function<QString()>& entry)
 {
     try {

@@ -80,6 +80,9 @@ public:
 
     // Closes the file, launches it when asked, and returns its name.
     QString finish(bool launch);
+    // For a report that found nothing to show: closes the file it opened, empty, opens nothing
+    // and returns the empty name; a reason, when given, is shown in an information box.
+    QString finishEmpty(const QString& reason = QString());
 
 private:
     QString m_id;

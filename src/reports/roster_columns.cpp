@@ -16,15 +16,6 @@ QString dateText(const IDatabase& rows, const QString& field)
     return shortDate(parseDate(text(rows, field)));
 }
 
-// A car without a group (Null, or the -1 a blank choice stores) finds no group: an empty name.
-QString groupName(const IDatabase& rows)
-{
-    const cVariant& number = rows.fields(u"group_nmbr"_s);
-    cGroup group;
-    group.load(number.isNull() ? int16_t(-1) : number.toInt16());
-    return group.groupName();
-}
-
 } // namespace
 
 std::optional<QString> rosterHeading(int16_t column)
@@ -50,7 +41,7 @@ std::optional<cReportRun::Cell> rosterCell(const IDatabase& rows, int16_t column
     case 5: return cReportRun::Cell{dateText(rows, u"term_dt"_s), u"center"_s};
     case 11: return cReportRun::Cell{currencyText(rows.fields(u"locked_salary"_s)), u"right"_s};
     case 12: return cReportRun::Cell{currencyText(rows.fields(u"salary"_s)), u"right"_s};
-    case 40: return cReportRun::Cell{groupName(rows), u"left"_s};
+    case 40: return cReportRun::Cell{groupNameOf(rows), u"left"_s};
     default: return std::nullopt;
     }
 }
@@ -58,6 +49,15 @@ std::optional<cReportRun::Cell> rosterCell(const IDatabase& rows, int16_t column
 QString currencyText(const cVariant& value)
 {
     return value.isNull() ? QString() : value.toCurrency().toCurrencyText();
+}
+
+// A car without a group (Null, or the -1 a blank choice stores) finds no group: an empty name.
+QString groupNameOf(const IDatabase& rows)
+{
+    const cVariant& number = rows.fields(u"group_nmbr"_s);
+    cGroup group;
+    group.load(number.isNull() ? int16_t(-1) : number.toInt16());
+    return group.groupName();
 }
 
 QString rosterTeamHead(const IDatabase& rows, const std::vector<int16_t>& columns)

@@ -16,6 +16,8 @@ std::optional<QString> rosterHeading(int16_t column);
 std::optional<cReportRun::Cell> rosterCell(const IDatabase& rows, int16_t column);
 // A money value as currency text; a Null is the empty text.
 QString currencyText(const cVariant& value);
+// The name of the row's group by its group_nmbr; empty for a car without one.
+QString groupNameOf(const IDatabase& rows);
 // The text of a team's head: its name, or its owner when the name is empty, then a mailto line
 // for column 38 and a phone line for column 39, in the order of the columns, each only when
 // the team has one.
