@@ -8,22 +8,9 @@
 #include "reports/teams_per_car.h"
 #include "support/temp_app.h"
 
-#include <QDir>
-#include <QFile>
 #include <gtest/gtest.h>
 
 namespace {
-
-QString page(const QString& name)
-{
-    QFile file(gReportsPath + u'/' + name);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : u"<missing>"_s;
-}
-
-QStringList reportFiles()
-{
-    return QDir(gReportsPath).entryList({u"*.html"_s}, QDir::Files, QDir::Name);
-}
 
 void execute(const QString& statement)
 {
@@ -62,16 +49,16 @@ TEST(CarDetailsPages, aLeagueWithNothingToListLeavesEmptyFilesAndSaysSoOnlyWhenL
     EXPECT_EQ(carDetailsReport(league, false), QString());
     EXPECT_EQ(carPicksReport(league, false), QString());
     expectNoBoxes(app);
-    EXPECT_EQ(reportFiles(), (QStringList{u"cd06000000.html"_s, u"cp06000000.html"_s}));
-    EXPECT_EQ(page(u"cd06000000.html"_s), QString());
-    EXPECT_EQ(page(u"cp06000000.html"_s), QString());
+    EXPECT_EQ(reportPages(), (QStringList{u"cd06000000.html"_s, u"cp06000000.html"_s}));
+    EXPECT_EQ(reportPage(u"cd06000000.html"_s), QString());
+    EXPECT_EQ(reportPage(u"cp06000000.html"_s), QString());
 
     EXPECT_EQ(carDetailsReport(league, true), QString());
     // Picks are the cars of the league's Score By: a league scored by drivers in a series of cars
     // has none.
     execute(u"UPDATE leagues SET car_type_nmbr = 2 WHERE league_nmbr = %1"_s.arg(season.league));
     EXPECT_EQ(carPicksReport(season.league, true), QString());
-    EXPECT_EQ(page(u"cp05000000.html"_s), QString());
+    EXPECT_EQ(reportPage(u"cp05000000.html"_s), QString());
     EXPECT_EQ(app.presenter().boxTexts(), QStringList(2, u"This league has no cars or drivers to report."_s));
     EXPECT_EQ(app.presenter().boxes()[0].icon, Icon::Information);
     EXPECT_TRUE(app.presenter().launches().isEmpty());
@@ -96,7 +83,7 @@ TEST(CarPicksPages, noSalaryCapParagraphWithoutACap)
     for (const QString& cap : {u"0"_s, u"NULL"_s}) {
         execute(u"UPDATE leagues SET salary_cap = %1 WHERE league_nmbr = %2"_s.arg(cap).arg(season.league));
         carPicksReport(season.league, false);
-        const QString written = page(u"cp05000000.html"_s);
+        const QString written = reportPage(u"cp05000000.html"_s);
         EXPECT_TRUE(written.contains(u"Sunday Cup  "_s)) << qPrintable(cap);
         EXPECT_FALSE(written.contains(u"Salary Cap"_s)) << qPrintable(cap);
     }
@@ -117,7 +104,7 @@ TEST(DriverStatsPages, withoutResultsNoFileIsWrittenAndNothingIsSaid)
     buildReportSeason();
     EXPECT_EQ(driverStatsReport(emptyLeague(), true), QString());
     expectNoBoxes(app);
-    EXPECT_TRUE(reportFiles().isEmpty());
+    EXPECT_TRUE(reportPages().isEmpty());
     EXPECT_TRUE(app.presenter().launches().isEmpty());
     EXPECT_EQ(app.presenter().statusTexts().mid(app.presenter().statusTexts().size() - 2),
               (QStringList{u"Creating Driver Stats Report"_s, QString()}));
@@ -151,7 +138,7 @@ TEST(TeamsPerCarPages, aLeagueScoredByDriversNamesTheDriverFirst)
     const ReportSeason season = buildReportSeason();
     execute(u"UPDATE leagues SET car_type_nmbr = 2 WHERE league_nmbr = %1"_s.arg(season.league));
     teamsPerCarDriverReport(season.league, false, season.races[0]);
-    const QString written = page(u"dt05000000.html"_s);
+    const QString written = reportPage(u"dt05000000.html"_s);
     EXPECT_TRUE(written.contains(u">Teams per Driver as of 2026-03-01  Race 500 </FONT>"_s)) << qPrintable(written);
     EXPECT_TRUE(written.contains(u">Driver 11 - 11 </FONT>"_s));
     EXPECT_FALSE(written.contains(u">11 - Driver 11 </FONT>"_s));
@@ -167,8 +154,8 @@ TEST(TeamsPerCarPages, aRaceBeforeEveryHoldingLeavesAnEmptyFileAndSaysSoWhenLaun
     expectNoBoxes(app);
     EXPECT_EQ(teamsPerCarDriverReport(season.league, true, 600), QString());
     EXPECT_EQ(app.presenter().boxTexts(), QStringList{u"No team of this league holds a car or driver at this race."_s});
-    EXPECT_EQ(reportFiles(), QStringList{u"dt05000000.html"_s});
-    EXPECT_EQ(page(u"dt05000000.html"_s), QString());
+    EXPECT_EQ(reportPages(), QStringList{u"dt05000000.html"_s});
+    EXPECT_EQ(reportPage(u"dt05000000.html"_s), QString());
     EXPECT_TRUE(app.presenter().launches().isEmpty());
 }
 
@@ -184,11 +171,11 @@ TEST(CarReportEntries, theRequestScreenRunsEachWithTheLeagueAndTheRaceItAsked)
         EXPECT_EQ(runReport(id, request, true), id.toLower() + u"05000000.html"_s);
     EXPECT_EQ(app.presenter().launches().size(), 4);
     expectNoBoxes(app);
-    const QString teams = page(u"dt05000000.html"_s);
+    const QString teams = reportPage(u"dt05000000.html"_s);
     EXPECT_TRUE(teams.contains(u"Teams per Car as of 2026-03-01  Race 500"_s));
     EXPECT_TRUE(teams.contains(u">24 - Driver 24 </FONT>"_s));
     EXPECT_FALSE(teams.contains(u">48 - Driver 48 </FONT>"_s));
-    EXPECT_TRUE(page(u"cp05000000.html"_s).startsWith(u"<html>\n<head>\n<title> Car Details Report</title>\n"_s));
+    EXPECT_TRUE(reportPage(u"cp05000000.html"_s).startsWith(u"<html>\n<head>\n<title> Car Details Report</title>\n"_s));
 }
 
 } // namespace

@@ -365,22 +365,13 @@ TEST_F(MainWindowTest, windowMenuListsTheOpenPanesAndTilesThem)
 
 TEST_F(MainWindowTest, commandsWithoutTheirScreenSayTheyAreNotAvailableYet)
 {
+    // Every report of the tree has its entry: a click opens its request screen (see the report
+    // run tests) instead of a box.
     QTreeWidgetItem* reporting = m_window->nodeByKey(u"Reporting"_s);
-    reporting->setExpanded(true);
+    ASSERT_EQ(reporting->childCount(), 13);
+    for (int i = 0; i < reporting->childCount(); ++i)
+        EXPECT_TRUE(reportAvailable(reportIdOf(reporting->child(i)->text(0)))) << qPrintable(reporting->child(i)->text(0));
     QStringList expected;
-    int lacking = 0;
-    for (int i = 0; i < reporting->childCount(); ++i) {
-        QTreeWidgetItem* node = reporting->child(i);
-        // A report of this version opens its request screen instead (see the report run tests).
-        if (reportAvailable(reportIdOf(node->text(0))))
-            continue;
-        ++lacking;
-        m_tree->scrollToItem(node);
-        QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier, m_tree->visualItemRect(node).center());
-        expected << u"Lapkeeper [Information/Ok] The "_s + node->text(0) + u" report is not available yet."_s;
-    }
-    EXPECT_GT(lacking, 0);
-    EXPECT_LT(lacking, 13);
     for (const QString& name : {u"mnuFileImport"_s, u"mnuFilePublishWeb"_s, u"mnuReportReportDetails"_s})
         action(name)->trigger();
     expected << u"Lapkeeper [Information/Ok] Import is not available yet."_s
