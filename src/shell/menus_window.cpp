@@ -3,6 +3,7 @@
 #include "league/groups_form.h"
 #include "league/race_types_form.h"
 #include "racing/posting.h"
+#include "reports/report_details_form.h"
 #include "reports/report_entries.h"
 #include "reports/report_request_form.h"
 #include "shell/about_form.h"
@@ -497,7 +498,7 @@ void frmMain::showPublishWeb()
 
 void frmMain::showReportDetails()
 {
-    notAvailableYet(u"Report Details"_s);
+    frmReportDetails(this).showWith();
 }
 
 void frmMain::showRaceTypes()

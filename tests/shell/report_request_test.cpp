@@ -2,6 +2,7 @@
 #include "racing/posting.h"
 #include "racing/season.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -137,4 +138,17 @@ TEST_F(ReportRunTest, teamDetailWithSeparateTickedWritesAndOpensAPagePerTeam)
     EXPECT_TRUE(fileText(boxes().launches()[0]).contains(u"Team 500"_s));
     EXPECT_FALSE(fileText(boxes().launches()[0]).contains(u"Team 501"_s));
     EXPECT_TRUE(fileText(boxes().launches()[1]).contains(u"Team 501"_s));
+}
+
+TEST_F(ReportRunTest, reportDetailsMenuOpensTheScreenOnTheListOfReports)
+{
+    QStringList seen;
+    whenModalShown([&seen](QDialog* dialog) {
+        auto* reports = dialog->findChild<QComboBox*>(u"cmbReports"_s);
+        seen << dialog->objectName() << dialog->windowTitle() << QString::number(reports ? reports->count() : -1);
+        QTest::mouseClick(dialog->findChild<QPushButton*>(u"cmdCancel"_s), Qt::LeftButton);
+    });
+    m_window->findChild<QAction*>(u"mnuReportReportDetails"_s)->trigger();
+    EXPECT_EQ(seen, QStringList({u"frmReportDetails"_s, u"Report Details"_s, u"14"_s}));
+    EXPECT_TRUE(shownBoxes(boxes()).isEmpty()) << qPrintable(shownBoxes(boxes()).join(u'\n'));
 }
