@@ -7,8 +7,12 @@
 #include <QGuiApplication>
 #include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 #include <QTimer>
 #include <QWidget>
 
@@ -214,4 +218,50 @@ void selectTextOnFocus(QWidget* field)
         }
     };
     field->installEventFilter(new Selector(field));
+}
+
+cLinkLabel::cLinkLabel(const QString& caption, QWidget* parent)
+    : QLabel(QStringLiteral("<a href=\"#\">") + caption.toHtmlEscaped() + QStringLiteral("</a>"), parent)
+{
+    setTextFormat(Qt::RichText);
+    // Drawn as a link, but the label itself takes the clicks and keys.
+    setTextInteractionFlags(Qt::NoTextInteraction);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::PointingHandCursor);
+    setContentsMargins(3, 2, 3, 2);
+}
+
+void cLinkLabel::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+        event->accept();
+        emit activated();
+        return;
+    }
+    QLabel::mouseReleaseEvent(event);
+}
+
+void cLinkLabel::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        event->accept();
+        emit activated();
+        return;
+    default:
+        QLabel::keyPressEvent(event);
+    }
+}
+
+void cLinkLabel::paintEvent(QPaintEvent* event)
+{
+    QLabel::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QStylePainter painter(this);
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
 }

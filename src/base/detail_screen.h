@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QComboBox>
+#include <QLabel>
 #include <QString>
 #include <cstdint>
 #include <functional>
@@ -131,6 +132,22 @@ void focusField(QWidget* field, bool selectText);
 
 // Selects the whole text of a line edit or spin box when it gets the focus.
 void selectTextOnFocus(QWidget* field);
+
+// A label drawn as a link that acts like a button: a click on it, or Enter or Space while it has
+// the focus, emits activated. Enter on it never reaches the screen's default button.
+class cLinkLabel : public QLabel {
+    Q_OBJECT
+public:
+    cLinkLabel(const QString& caption, QWidget* parent);
+
+signals:
+    void activated();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+};
 
 template <class List, class NumberOf, class NameOf>
 void fillNumberCombo(QComboBox* combo, const List& list, NumberOf numberOf, NameOf nameOf)

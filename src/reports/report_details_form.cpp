@@ -13,6 +13,7 @@
 #include <QTabWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -34,18 +35,6 @@ QTreeWidgetItem* columnItem(int16_t columnNmbr, const QString& columnName)
 int16_t columnNmbrOf(const QTreeWidgetItem* item)
 {
     return static_cast<int16_t>(item->data(0, kKeyRole).toString().mid(kKeyPrefix.size()).toInt());
-}
-
-// A label that acts like a link: a click, or Enter while it has the focus, runs the action.
-QLabel* makeLinkLabel(QWidget* parent, const QString& name, const QString& caption)
-{
-    auto* label = new QLabel(u"<a href=\"#\">"_s + caption.toHtmlEscaped() + u"</a>"_s, parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::RichText);
-    label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    label->setFocusPolicy(Qt::StrongFocus);
-    label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    return label;
 }
 
 } // namespace
@@ -105,8 +94,10 @@ void frmReportDetails::buildColumnTab(QWidget* page)
 {
     lvAvailable = makeColumnList(page, u"lvAvailable"_s, u"Available Columns"_s);
     lvCurrent = makeColumnList(page, u"lvCurrent"_s, u"Current Columns"_s);
-    lblAdd = makeLinkLabel(page, u"lblAdd"_s, u"Add >>"_s);
-    lblRemove = makeLinkLabel(page, u"lblRemove"_s, u"<< Remove"_s);
+    lblAdd = new cLinkLabel(u"Add >>"_s, page);
+    lblAdd->setObjectName(u"lblAdd"_s);
+    lblRemove = new cLinkLabel(u"<< Remove"_s, page);
+    lblRemove->setObjectName(u"lblRemove"_s);
     auto* instructions =
         new QLabel(u"Add the columns to the report in the order you want them to appear on the report."_s, page);
     instructions->setObjectName(u"lblInstructions"_s);
@@ -132,8 +123,8 @@ void frmReportDetails::buildColumnTab(QWidget* page)
             [this](QTreeWidgetItem* item) { moveColumn(lvAvailable, lvCurrent, item); });
     connect(lvCurrent, &QTreeWidget::itemDoubleClicked, this,
             [this](QTreeWidgetItem* item) { moveColumn(lvCurrent, lvAvailable, item); });
-    connect(lblAdd, &QLabel::linkActivated, this, &frmReportDetails::addColumn);
-    connect(lblRemove, &QLabel::linkActivated, this, &frmReportDetails::removeColumn);
+    connect(lblAdd, &cLinkLabel::activated, this, &frmReportDetails::addColumn);
+    connect(lblRemove, &cLinkLabel::activated, this, &frmReportDetails::removeColumn);
 }
 
 QTreeWidget* frmReportDetails::makeColumnList(QWidget* page, const QString& name, const QString& caption)

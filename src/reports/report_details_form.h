@@ -3,6 +3,7 @@
 #include <cstdint>
 
 class cDetailScreen;
+class cLinkLabel;
 class cReportFormatTab;
 class QComboBox;
 class QLabel;
@@ -57,8 +58,8 @@ private:
     QTabWidget* SSTab1 = nullptr;
     QTreeWidget* lvAvailable = nullptr;
     QTreeWidget* lvCurrent = nullptr;
-    QLabel* lblAdd = nullptr;
-    QLabel* lblRemove = nullptr;
+    cLinkLabel* lblAdd = nullptr;
+    cLinkLabel* lblRemove = nullptr;
     cReportFormatTab* m_format = nullptr;
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;

@@ -63,6 +63,7 @@ void clickItem(QTreeWidget* list, const QString& text)
 
 void doubleClickItem(QTreeWidget* list, const QString& text)
 {
+    // The press of the first click is what makes the second a double click on the item.
     const QPoint at = itemPoint(list, text);
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
@@ -202,8 +203,19 @@ TEST_F(ReportDetailsScreen, addsByDoubleClickAndLabelRemovesAndReordersThenSaves
     EXPECT_TRUE(boxTexts().isEmpty());
 }
 
-TEST_F(ReportDetailsScreen, aLabelWithNothingSelectedMovesNothing)
+TEST_F(ReportDetailsScreen, linkLabelsActOnEnterAndMoveNothingWithoutASelection)
 {
+    openOn(u"League Standings"_s);
+    clickItem(available(), u"Car/Driver Top 10s"_s);
+    auto* add = control<QLabel>(u"lblAdd"_s);
+    add->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(add, Qt::Key_Return);
+    EXPECT_EQ(texts(current()).constLast(), u"Car/Driver Top 10s"_s);
+    EXPECT_TRUE(form.isVisible());   // Enter on the label is not OK
+    app.presenter().queueAnswer(Answer::No);
+    click(u"cmdCancel"_s);
+    EXPECT_FALSE(form.isVisible());
+
     openOn(u"League Standings"_s);
     current()->clearSelection();
     clickLink(u"lblRemove"_s);
