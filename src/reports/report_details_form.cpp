@@ -61,8 +61,8 @@ frmReportDetails::frmReportDetails(QWidget* parent)
     auto* columnPage = new QWidget(SSTab1);
     buildColumnTab(columnPage);
     m_format = new cReportFormatTab(SSTab1);
-    SSTab1->addTab(columnPage, u"Columns"_s);
-    SSTab1->addTab(m_format, u"Formatting"_s);
+    SSTab1->addTab(columnPage, u"Co&lumns"_s);
+    SSTab1->addTab(m_format, u"&Formatting"_s);
 
     const cButtonRow buttons = makeButtonRow(this, {.okName = u"cmdOk"_s});
     cmdOk = buttons.ok;
