@@ -4,6 +4,7 @@
 #include "league/record.h"
 #include "support/temp_app.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
@@ -123,6 +124,23 @@ void choose(QComboBox* combo, const Key& key)
     ASSERT_GE(index, 0);
     combo->setCurrentIndex(index);
     emit combo->activated(index);
+}
+
+// Moves a closed list to the entry with the arrow keys, as the operator does.
+inline void pickByKeys(QComboBox* combo, const QString& text)
+{
+    const int target = combo->findText(text);
+    ASSERT_GE(target, 0) << qPrintable(text);
+    combo->setFocus(Qt::TabFocusReason);
+    for (int i = 0; i <= combo->count() && combo->currentIndex() != target; ++i)
+        QTest::keyClick(combo, combo->currentIndex() < target ? Qt::Key_Down : Qt::Key_Up);
+    ASSERT_EQ(combo->currentText(), text);
+}
+
+// A click on the box itself, not somewhere in the empty width of its cell.
+inline void clickBox(QAbstractButton* box)
+{
+    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(6, box->height() / 2));
 }
 
 // Replaces what a field holds by typing, leaving the focus in it.

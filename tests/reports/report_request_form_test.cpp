@@ -21,23 +21,6 @@ QStringList items(const QComboBox* combo)
     return texts;
 }
 
-// Moves a closed list to the entry with the arrow keys, as the operator does.
-void pickByKeys(QComboBox* combo, const QString& text)
-{
-    const int target = combo->findText(text);
-    ASSERT_GE(target, 0) << qPrintable(text);
-    combo->setFocus(Qt::TabFocusReason);
-    for (int i = 0; i <= combo->count() && combo->currentIndex() != target; ++i)
-        QTest::keyClick(combo, combo->currentIndex() < target ? Qt::Key_Down : Qt::Key_Up);
-    ASSERT_EQ(combo->currentText(), text);
-}
-
-// A click on the box itself, not somewhere in the empty width of its cell.
-void clickBox(QCheckBox* box)
-{
-    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(6, box->height() / 2));
-}
-
 void writeFile(const QString& path)
 {
     QFile file(path);
