@@ -1,16 +1,8 @@
 #include "reports/car_columns.h"
+#include "reports/report_page.h"
 #include "reports/roster_columns.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString text(const IDatabase& rows, const QString& field)
-{
-    return rows.fields(field).toTextOrEmpty();
-}
-
-} // namespace
 
 std::optional<QString> carHeading(int16_t column, CarColumns known)
 {
@@ -29,12 +21,12 @@ std::optional<QString> carHeading(int16_t column, CarColumns known)
 std::optional<cReportRun::Cell> carCell(const IDatabase& rows, int16_t column, CarColumns known)
 {
     switch (column) {
-    case 2: return cReportRun::Cell{text(rows, u"car_txt"_s), u"center"_s};
-    case 3: return cReportRun::Cell{text(rows, u"driver_name"_s), u"left"_s};
-    case 4: return cReportRun::Cell{text(rows, u"sponsor"_s), u"left"_s};
+    case 2: return cReportRun::Cell{fieldText(rows, u"car_txt"_s), u"center"_s};
+    case 3: return cReportRun::Cell{fieldText(rows, u"driver_name"_s), u"left"_s};
+    case 4: return cReportRun::Cell{fieldText(rows, u"sponsor"_s), u"left"_s};
     case 12: return cReportRun::Cell{currencyText(rows.fields(u"salary"_s)), u"right"_s};
-    case 23: return cReportRun::Cell{text(rows, u"car_make"_s), u"left"_s};
-    case 24: return cReportRun::Cell{text(rows, u"car_owner"_s), u"left"_s};
+    case 23: return cReportRun::Cell{fieldText(rows, u"car_make"_s), u"left"_s};
+    case 24: return cReportRun::Cell{fieldText(rows, u"car_owner"_s), u"left"_s};
     case 40:
         if (known == CarColumns::WithGroup)
             return cReportRun::Cell{groupNameOf(rows), u"left"_s};

@@ -30,11 +30,6 @@ QString driverStatsStatement(int16_t leagueNmbr)
            u" GROUP BY cars.car_nmbr, cars.car_txt, cars.driver_name, leagues.league_name, leagues.league_nmbr"_s;
 }
 
-QString text(const IDatabase& rows, const QString& field)
-{
-    return rows.fields(field).toTextOrEmpty();
-}
-
 // A sum over the races divided by their count, to two decimals, halves away from zero; empty
 // when nothing was summed.
 QString average(const IDatabase& rows, const QString& sumField)
@@ -67,7 +62,7 @@ public:
         m_run.writeHead();
         m_run.line(u"<br>"_s);
         m_run.writeHeaderImage();
-        m_run.writeTitle(text(m_rows, u"league_name"_s));
+        m_run.writeTitle(fieldText(m_rows, u"league_name"_s));
         m_run.writeTableTag();
         m_run.writeEmptyRow();
         m_run.writeHeadingRow(heading, QString());
@@ -100,16 +95,16 @@ private:
     std::optional<cReportRun::Cell> cell(int16_t column)
     {
         switch (column) {
-        case 2: return cReportRun::Cell{text(m_rows, u"car_txt"_s), u"center"_s};
-        case 3: return cReportRun::Cell{text(m_rows, u"driver_name"_s), u"left"_s};
-        case 28: return cReportRun::Cell{text(m_rows, u"RaceCount"_s), u"center"_s};
+        case 2: return cReportRun::Cell{fieldText(m_rows, u"car_txt"_s), u"center"_s};
+        case 3: return cReportRun::Cell{fieldText(m_rows, u"driver_name"_s), u"left"_s};
+        case 28: return cReportRun::Cell{fieldText(m_rows, u"RaceCount"_s), u"center"_s};
         case 29: return counted(m_results.poles(m_leagueNmbr, car()));
         case 18: return counted(m_results.wins(m_leagueNmbr, car()));
         case 19: return counted(m_results.top5s(m_leagueNmbr, car()));
         case 20: return counted(m_results.top10s(m_leagueNmbr, car()));
         case 30: return cReportRun::Cell{average(m_rows, u"PlaceSum"_s), u"right"_s};
         case 36: return cReportRun::Cell{average(m_rows, u"QualifiedSum"_s), u"right"_s};
-        case 37: return cReportRun::Cell{text(m_rows, u"LapsLedSum"_s), u"right"_s};
+        case 37: return cReportRun::Cell{fieldText(m_rows, u"LapsLedSum"_s), u"right"_s};
         default: return std::nullopt;
         }
     }

@@ -36,11 +36,6 @@ QString raceStandingsStatement(int16_t leagueNmbr, int16_t raceNmbr)
            u" ORDER BY team_results_summary.team_place,team_results_summary.team_place,teams.team_name"_s;
 }
 
-QString text(const IDatabase& rows, const QString& field)
-{
-    return rows.fields(field).toTextOrEmpty();
-}
-
 std::optional<QString> heading(int16_t column)
 {
     switch (column) {
@@ -62,17 +57,17 @@ QString teamLink(const IDatabase& rows)
     const QString file = teamRaceDetailReport(rows.fields(u"league_nmbr"_s).toInt16(),
                                               rows.fields(u"team_nmbr"_s).toInt16(),
                                               rows.fields(u"race_nmbr"_s).toInt16(), false);
-    return u"<A HREF="_s + u"'"_s + file + u"'>"_s + text(rows, u"team_name"_s) + u" </A>"_s;
+    return u"<A HREF="_s + u"'"_s + file + u"'>"_s + fieldText(rows, u"team_name"_s) + u" </A>"_s;
 }
 
 std::optional<cReportRun::Cell> cell(const IDatabase& rows, int16_t column)
 {
-    const auto right = [&rows](const QString& field) { return cReportRun::Cell{text(rows, field), u"right"_s}; };
+    const auto right = [&rows](const QString& field) { return cReportRun::Cell{fieldText(rows, field), u"right"_s}; };
     switch (column) {
     case 6: return right(u"laps_led_bonus"_s);
     case 7: return right(u"most_laps_led_bonus"_s);
     case 8: return right(u"total_points"_s);
-    case 13: return cReportRun::Cell{text(rows, u"team_place"_s), u"center"_s};
+    case 13: return cReportRun::Cell{fieldText(rows, u"team_place"_s), u"center"_s};
     case 31: return right(u"fast_qual_bonus"_s);
     case 32: return right(u"qual_points"_s);
     case 33: return cReportRun::Cell{teamLink(rows), u"left"_s};
@@ -87,9 +82,9 @@ void writePage(cReportRun& run, IDatabase& rows)
     run.writeHead();
     run.line(u"<br>"_s);
     run.writeHeaderImage();
-    run.writeTitle(text(rows, u"league_name"_s).trimmed());
-    run.writeTitle(u"League standings as of"_s + u"<BR>"_s + shortDate(parseDate(text(rows, u"race_dt"_s))) + u"   "_s +
-                       text(rows, u"race_name"_s),
+    run.writeTitle(fieldText(rows, u"league_name"_s).trimmed());
+    run.writeTitle(u"League standings as of"_s + u"<BR>"_s + shortDate(parseDate(fieldText(rows, u"race_dt"_s))) + u"   "_s +
+                       fieldText(rows, u"race_name"_s),
                    2);
     const cVariant& status = rows.fields(u"race_status_nmbr"_s);
     run.writeRaceStatus(status.isNull() ? int16_t(0) : status.toInt16());

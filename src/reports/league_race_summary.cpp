@@ -27,11 +27,6 @@ QString summaryStatement(int16_t leagueNmbr)
            u" ORDER BY Sum(team_results_summary.points)  desc "_s;
 }
 
-QString text(const IDatabase& rows, const QString& field)
-{
-    return rows.fields(field).toTextOrEmpty();
-}
-
 int16_t smallNumber(const IDatabase& rows, const QString& field)
 {
     const cVariant& value = rows.fields(field);
@@ -56,7 +51,7 @@ public:
         m_run.writeHeaderImage();
         m_run.line(u"<br>"_s);
         m_run.line(u"<br>"_s);
-        m_run.writeTitle(text(m_rows, u"league_name"_s).trimmed());
+        m_run.writeTitle(fieldText(m_rows, u"league_name"_s).trimmed());
         m_run.writeTableTag();
         m_run.writeEmptyRow();
         writeRaceHeads();
@@ -104,13 +99,13 @@ private:
     {
         const int16_t team = m_rows.fields(u"team_nmbr"_s).toInt16();
         m_run.writeRowTag(rowCount);
-        m_run.line(headingLookCell(teamCarsLink(text(m_rows, u"team_name"_s)) + u" "_s, u"left"_s));
-        m_run.line(m_run.rowCell(text(m_rows, u"points"_s), u"center"_s));
+        m_run.line(headingLookCell(teamCarsLink(fieldText(m_rows, u"team_name"_s)) + u" "_s, u"left"_s));
+        m_run.line(m_run.rowCell(fieldText(m_rows, u"points"_s), u"center"_s));
         for (const cRaces& race : m_races) {
             const int32_t points = cTeamResultsSummary().pointsForRace(m_leagueNmbr, team, race.raceNmbr());
             m_run.line(m_run.rowCell(sqlNumber(points), u"center"_s));
         }
-        m_run.line(headingLookCell(teamCarsLink(text(m_rows, u"team_owner"_s)), u"left"_s));
+        m_run.line(headingLookCell(teamCarsLink(fieldText(m_rows, u"team_owner"_s)), u"left"_s));
         m_run.line(u"</TR>"_s);
     }
 

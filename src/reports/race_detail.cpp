@@ -31,11 +31,6 @@ QString raceRowsStatement(int16_t leagueNmbr, int16_t raceNmbr, std::optional<in
     return statement;
 }
 
-QString text(const IDatabase& rows, const QString& field)
-{
-    return rows.fields(field).toTextOrEmpty();
-}
-
 // Finish position: "DNQ" for a car or driver that did not qualify, nothing for no place.
 QString finishCell(const IDatabase& rows)
 {
@@ -65,8 +60,8 @@ public:
         cReportAttributesCollection& look = m_run.attributes();
         const QString& id = m_run.id();
         m_activeOnly = look.includeActiveOnly(id);
-        const QString leagueName = text(m_rows, u"league_name"_s);
-        const QString raceName = text(m_rows, u"race_name"_s);
+        const QString leagueName = fieldText(m_rows, u"league_name"_s);
+        const QString raceName = fieldText(m_rows, u"race_name"_s);
 
         m_run.writeHead();
         m_run.writeHeaderImage();
@@ -80,12 +75,12 @@ public:
         m_run.writeTableTag();
         m_run.writeHeadingRow([this](int16_t column) { return heading(column); }, QString());
 
-        QString teamName = text(m_rows, u"team_name"_s);
+        QString teamName = fieldText(m_rows, u"team_name"_s);
         writeTeamRow(teamName);
         int64_t rowCount = 1;
         for (; !m_rows.eof(); m_rows.MoveNext()) {
             // Teams are told apart by name.
-            if (const QString name = text(m_rows, u"team_name"_s); name != teamName) {
+            if (const QString name = fieldText(m_rows, u"team_name"_s); name != teamName) {
                 writeTotalRow();
                 m_run.writeEmptyRow();
                 m_racePoints = 0;
@@ -132,18 +127,18 @@ private:
     {
         switch (column) {
         case 1: return cReportRun::Cell{finishCell(m_rows), u"center"_s};
-        case 2: return cReportRun::Cell{text(m_rows, u"car_txt"_s), u"center"_s};
-        case 3: return cReportRun::Cell{text(m_rows, u"driver_name"_s), u"left"_s};
-        case 4: return cReportRun::Cell{text(m_rows, u"sponsor"_s).trimmed(), u"left"_s};
-        case 5: return cReportRun::Cell{shortDate(parseDate(text(m_rows, u"term_dt"_s))), u"center"_s};
-        case 6: return cReportRun::Cell{text(m_rows, u"laps_led_bonus"_s), u"right"_s};
-        case 7: return cReportRun::Cell{text(m_rows, u"most_laps_led_bonus"_s), u"right"_s};
-        case 8: return cReportRun::Cell{text(m_rows, u"points"_s), u"right"_s};
-        case 9: return cReportRun::Cell{text(m_rows, u"total_points"_s), u"right"_s};
-        case 10: return cReportRun::Cell{text(m_rows, u"efctv_dt"_s), u"center"_s};
-        case 31: return cReportRun::Cell{text(m_rows, u"fast_qual_bonus"_s), u"right"_s};
-        case 32: return cReportRun::Cell{text(m_rows, u"qual_points"_s), u"right"_s};
-        case 35: return cReportRun::Cell{text(m_rows, u"adjustment"_s), u"right"_s};
+        case 2: return cReportRun::Cell{fieldText(m_rows, u"car_txt"_s), u"center"_s};
+        case 3: return cReportRun::Cell{fieldText(m_rows, u"driver_name"_s), u"left"_s};
+        case 4: return cReportRun::Cell{fieldText(m_rows, u"sponsor"_s).trimmed(), u"left"_s};
+        case 5: return cReportRun::Cell{shortDate(parseDate(fieldText(m_rows, u"term_dt"_s))), u"center"_s};
+        case 6: return cReportRun::Cell{fieldText(m_rows, u"laps_led_bonus"_s), u"right"_s};
+        case 7: return cReportRun::Cell{fieldText(m_rows, u"most_laps_led_bonus"_s), u"right"_s};
+        case 8: return cReportRun::Cell{fieldText(m_rows, u"points"_s), u"right"_s};
+        case 9: return cReportRun::Cell{fieldText(m_rows, u"total_points"_s), u"right"_s};
+        case 10: return cReportRun::Cell{fieldText(m_rows, u"efctv_dt"_s), u"center"_s};
+        case 31: return cReportRun::Cell{fieldText(m_rows, u"fast_qual_bonus"_s), u"right"_s};
+        case 32: return cReportRun::Cell{fieldText(m_rows, u"qual_points"_s), u"right"_s};
+        case 35: return cReportRun::Cell{fieldText(m_rows, u"adjustment"_s), u"right"_s};
         default: return std::nullopt;
         }
     }

@@ -19,11 +19,6 @@ QString raceResultsStatement(int16_t raceNmbr)
            u" ORDER BY F.place"_s;
 }
 
-QString text(const IDatabase& rows, const QString& field)
-{
-    return rows.fields(field).toTextOrEmpty();
-}
-
 std::optional<QString> heading(int16_t column)
 {
     switch (column) {
@@ -57,11 +52,11 @@ std::optional<cReportRun::Cell> cell(const IDatabase& rows, int16_t column)
 {
     switch (column) {
     case 1: return cReportRun::Cell{placeText(rows), u"center"_s};
-    case 25: return cReportRun::Cell{text(rows, u"qualified"_s), u"center"_s};
-    case 2: return cReportRun::Cell{text(rows, u"car_txt"_s), u"center"_s};
-    case 3: return cReportRun::Cell{text(rows, u"driver_name"_s), u"left"_s};
-    case 4: return cReportRun::Cell{text(rows, u"sponsor"_s), u"left"_s};
-    case 26: return cReportRun::Cell{text(rows, u"laps_led"_s), u"center"_s};
+    case 25: return cReportRun::Cell{fieldText(rows, u"qualified"_s), u"center"_s};
+    case 2: return cReportRun::Cell{fieldText(rows, u"car_txt"_s), u"center"_s};
+    case 3: return cReportRun::Cell{fieldText(rows, u"driver_name"_s), u"left"_s};
+    case 4: return cReportRun::Cell{fieldText(rows, u"sponsor"_s), u"left"_s};
+    case 26: return cReportRun::Cell{fieldText(rows, u"laps_led"_s), u"center"_s};
     case 27: return cReportRun::Cell{fastQualifierText(rows), u"center"_s};
     default: return std::nullopt;
     }
@@ -77,8 +72,8 @@ void writePage(cReportRun& run, IDatabase& rows)
     }
     run.writeHead();
     run.writeHeaderImage();
-    run.writeTitle(text(rows, u"race_name"_s));
-    run.writeTitle(shortDate(parseDate(text(rows, u"race_dt"_s))) + u"   "_s + text(rows, u"track_name"_s), 2);
+    run.writeTitle(fieldText(rows, u"race_name"_s));
+    run.writeTitle(shortDate(parseDate(fieldText(rows, u"race_dt"_s))) + u"   "_s + fieldText(rows, u"track_name"_s), 2);
     const cVariant& status = rows.fields(u"race_status_nmbr"_s);
     run.writeRaceStatus(status.isNull() ? int16_t(0) : status.toInt16());
     run.line(u"<br>"_s);

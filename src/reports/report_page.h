@@ -101,5 +101,11 @@ private:
 // text is cleared and the result is empty. Otherwise the entry's result.
 QString runReportEntry(const std::function<QString()>& entry);
 
+// A field of the current row as text; Null reads as the empty text.
+inline QString fieldText(const IDatabase& rows, const QString& field)
+{
+    return rows.fields(field).toTextOrEmpty();
+}
+
 // The status line of a race: "Unofficial" for status 1, "Qualifying" for 3, else empty.
 QString raceStatusLine(int16_t raceStatusNmbr);

@@ -1,4 +1,5 @@
 #include "reports/roster_columns.h"
+#include "reports/report_page.h"
 #include "league/group.h"
 #include "store/dates.h"
 
@@ -6,14 +7,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString text(const IDatabase& rows, const QString& field)
-{
-    return rows.fields(field).toTextOrEmpty();
-}
-
 QString dateText(const IDatabase& rows, const QString& field)
 {
-    return shortDate(parseDate(text(rows, field)));
+    return shortDate(parseDate(fieldText(rows, field)));
 }
 
 } // namespace
@@ -35,8 +31,8 @@ std::optional<QString> rosterHeading(int16_t column)
 std::optional<cReportRun::Cell> rosterCell(const IDatabase& rows, int16_t column)
 {
     switch (column) {
-    case 2: return cReportRun::Cell{text(rows, u"car_txt"_s), u"center"_s};
-    case 3: return cReportRun::Cell{text(rows, u"driver_name"_s), u"left"_s};
+    case 2: return cReportRun::Cell{fieldText(rows, u"car_txt"_s), u"center"_s};
+    case 3: return cReportRun::Cell{fieldText(rows, u"driver_name"_s), u"left"_s};
     case 10: return cReportRun::Cell{dateText(rows, u"efctv_dt"_s), u"center"_s};
     case 5: return cReportRun::Cell{dateText(rows, u"term_dt"_s), u"center"_s};
     case 11: return cReportRun::Cell{currencyText(rows.fields(u"locked_salary"_s)), u"right"_s};
@@ -62,9 +58,9 @@ QString groupNameOf(const IDatabase& rows)
 
 QString rosterTeamHead(const IDatabase& rows, const std::vector<int16_t>& columns)
 {
-    QString head = text(rows, u"team_name"_s);
+    QString head = fieldText(rows, u"team_name"_s);
     if (head.isEmpty())
-        head = text(rows, u"team_owner"_s);
+        head = fieldText(rows, u"team_owner"_s);
     const cVariant& email = rows.fields(u"email"_s);
     const cVariant& phone = rows.fields(u"phone"_s);
     for (const int16_t column : columns) {

@@ -31,11 +31,6 @@ QString teamDetailStatement(int16_t leagueNmbr, int16_t teamNmbr, int16_t raceNm
     return statement;
 }
 
-QString text(const IDatabase& rows, const QString& field)
-{
-    return rows.fields(field).toTextOrEmpty();
-}
-
 int32_t number(const IDatabase& rows, const QString& field)
 {
     const cVariant& value = rows.fields(field);
@@ -84,8 +79,8 @@ public:
         m_run.writeHeaderImage();
         m_run.writeEmptyRow();
         m_run.line(u"<br>"_s);
-        m_run.writeTitle(text(m_rows, u"league_name"_s));
-        m_run.writeTitle(u"Points after "_s + text(m_rows, u"race_name"_s), 2);
+        m_run.writeTitle(fieldText(m_rows, u"league_name"_s));
+        m_run.writeTitle(u"Points after "_s + fieldText(m_rows, u"race_name"_s), 2);
         m_run.line(u"<p></p>"_s);
         m_run.writeTableTag();
 
@@ -117,18 +112,18 @@ private:
         const int16_t team = m_rows.fields(u"team_nmbr"_s).toInt16();
         const int16_t car = m_rows.fields(u"car_nmbr"_s).toInt16();
         switch (column) {
-        case 2: return cReportRun::Cell{text(m_rows, u"car_txt"_s), u"center"_s};
-        case 3: return cReportRun::Cell{text(m_rows, u"driver_name"_s), u"left"_s};
-        case 4: return cReportRun::Cell{text(m_rows, u"sponsor"_s), u"left"_s};
-        case 5: return cReportRun::Cell{shortDate(parseDate(text(m_rows, u"term_dt"_s))), u"center"_s};
+        case 2: return cReportRun::Cell{fieldText(m_rows, u"car_txt"_s), u"center"_s};
+        case 3: return cReportRun::Cell{fieldText(m_rows, u"driver_name"_s), u"left"_s};
+        case 4: return cReportRun::Cell{fieldText(m_rows, u"sponsor"_s), u"left"_s};
+        case 5: return cReportRun::Cell{shortDate(parseDate(fieldText(m_rows, u"term_dt"_s))), u"center"_s};
         case 6: return right(m_season.sumLapsLedBonus(team, car));
         case 7: return right(m_season.sumMostLapsLedBonus(team, car));
-        case 9: return cReportRun::Cell{text(m_rows, u"total_points"_s), u"right"_s};
-        case 21: return cReportRun::Cell{text(m_rows, u"points"_s), u"right"_s};
+        case 9: return cReportRun::Cell{fieldText(m_rows, u"total_points"_s), u"right"_s};
+        case 21: return cReportRun::Cell{fieldText(m_rows, u"points"_s), u"right"_s};
         case 22: return right(int64_t(m_lead) - number(m_rows, u"total_points"_s));
         case 31: return right(m_season.sumFastQualBonus(team, car));
         case 32: return right(m_season.sumQualPoints(team, car));
-        case 35: return cReportRun::Cell{text(m_rows, u"adjustment"_s), u"right"_s};
+        case 35: return cReportRun::Cell{fieldText(m_rows, u"adjustment"_s), u"right"_s};
         default: return std::nullopt;
         }
     }
@@ -137,14 +132,14 @@ private:
     // 38) and one for its phone (column 39) when chosen.
     void writeTeamHead()
     {
-        writeTeamHeadRow(u"<STRONG>"_s + text(m_rows, u"team_name"_s) + u"</STRONG>"_s);
+        writeTeamHeadRow(u"<STRONG>"_s + fieldText(m_rows, u"team_name"_s) + u"</STRONG>"_s);
         const std::vector<int16_t>& columns = m_run.columns();
         if (std::find(columns.begin(), columns.end(), int16_t(38)) != columns.end()) {
-            const QString email = text(m_rows, u"email"_s);
+            const QString email = fieldText(m_rows, u"email"_s);
             writeTeamHeadRow(u"<a href='mailto:"_s + email + u"'>"_s + email + u"</a>"_s);
         }
         if (std::find(columns.begin(), columns.end(), int16_t(39)) != columns.end())
-            writeTeamHeadRow(text(m_rows, u"phone"_s));
+            writeTeamHeadRow(fieldText(m_rows, u"phone"_s));
     }
 
     void writeTeamHeadRow(const QString& cellText)

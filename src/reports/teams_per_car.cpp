@@ -32,11 +32,6 @@ QString teamsPerCarStatement(int16_t leagueNmbr, int16_t raceNmbr, bool activeOn
     return statement;
 }
 
-QString text(const IDatabase& rows, const QString& field)
-{
-    return rows.fields(field).toTextOrEmpty();
-}
-
 std::optional<QString> heading(int16_t column)
 {
     switch (column) {
@@ -50,8 +45,8 @@ std::optional<QString> heading(int16_t column)
 std::optional<cReportRun::Cell> cell(const IDatabase& rows, int16_t column)
 {
     switch (column) {
-    case 33: return cReportRun::Cell{text(rows, u"team_name"_s), u"left"_s};
-    case 34: return cReportRun::Cell{text(rows, u"team_owner"_s), u"left"_s};
+    case 33: return cReportRun::Cell{fieldText(rows, u"team_name"_s), u"left"_s};
+    case 34: return cReportRun::Cell{fieldText(rows, u"team_owner"_s), u"left"_s};
     case 10: case 5: case 11: case 12: case 40: return rosterCell(rows, column);
     default: return std::nullopt;
     }
@@ -71,16 +66,16 @@ public:
         m_run.writeHead();
         m_run.line(u"<br>"_s);
         m_run.writeHeaderImage();
-        m_run.writeTitle(text(m_rows, u"league_name"_s));
+        m_run.writeTitle(fieldText(m_rows, u"league_name"_s));
         m_run.writeTitle((m_byCar ? u"Teams per Car as of "_s : u"Teams per Driver as of "_s) +
-                             shortDate(parseDate(text(m_rows, u"race_dt"_s))) + u"  "_s + text(m_rows, u"race_name"_s),
+                             shortDate(parseDate(fieldText(m_rows, u"race_dt"_s))) + u"  "_s + fieldText(m_rows, u"race_name"_s),
                          2);
         bool first = true;
         QString carTxt;
         int64_t rowCount = 1;
         for (; !m_rows.eof(); m_rows.MoveNext()) {
             // Cars are told apart by their numbers.
-            if (const QString rowCar = text(m_rows, u"car_txt"_s); first || rowCar != carTxt) {
+            if (const QString rowCar = fieldText(m_rows, u"car_txt"_s); first || rowCar != carTxt) {
                 if (!first)
                     m_run.line(u"</TABLE>"_s);
                 openCar();
@@ -100,8 +95,8 @@ private:
     // by drivers; its own table and heading row.
     void openCar()
     {
-        const QString number = text(m_rows, u"car_txt"_s);
-        const QString driver = text(m_rows, u"driver_name"_s);
+        const QString number = fieldText(m_rows, u"car_txt"_s);
+        const QString driver = fieldText(m_rows, u"driver_name"_s);
         m_run.writeTitle(m_byCar ? number + u" - "_s + driver : driver + u" - "_s + number, 4);
         m_run.writeTableTag();
         m_run.writeHeadingRow(heading, QString());
