@@ -1,5 +1,6 @@
 #include "base/app_globals.h"
 #include "base/messages.h"
+#include "exchange/import.h"
 #include "league/groups_form.h"
 #include "league/race_types_form.h"
 #include "racing/posting.h"
@@ -488,7 +489,18 @@ void frmMain::runLeagueRaceSummary() { requestAndRunReport(u"LR"_s); }
 
 void frmMain::showImport()
 {
-    notAvailableYet(u"Import"_s);
+    FileDialogRequest request;
+    request.mode = FileDialogRequest::Mode::Open;
+    request.title = u"Lapkeeper Import"_s;
+    request.filter = u"Lapkeeper Import (*.lki)|*.lki|"_s;
+    request.folder = gImportsPath;
+    const std::optional<QString> file = presenter().chooseFile(request);
+    if (!file)
+        return;
+    setMousePointer(kPointerHourglass);
+    const bool imported = importFile(*file);
+    setMousePointer(kPointerDefault);
+    messageBox(imported ? u"Import Complete."_s : u"Import Failed."_s);
 }
 
 void frmMain::showPublishWeb()

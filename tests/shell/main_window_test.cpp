@@ -15,6 +15,7 @@
 #include <QTreeWidgetItemIterator>
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -371,12 +372,48 @@ TEST_F(MainWindowTest, commandsWithoutTheirScreenSayTheyAreNotAvailableYet)
     ASSERT_EQ(reporting->childCount(), 13);
     for (int i = 0; i < reporting->childCount(); ++i)
         EXPECT_TRUE(reportAvailable(reportIdOf(reporting->child(i)->text(0)))) << qPrintable(reporting->child(i)->text(0));
-    QStringList expected;
-    for (const QString& name : {u"mnuFileImport"_s, u"mnuFilePublishWeb"_s})
-        action(name)->trigger();
-    expected << u"Lapkeeper [Information/Ok] Import is not available yet."_s
-             << u"Lapkeeper [Information/Ok] Publish Web is not available yet."_s;
-    EXPECT_EQ(shownBoxes(boxes()), expected);
+    action(u"mnuFilePublishWeb"_s)->trigger();
+    EXPECT_EQ(shownBoxes(boxes()), QStringList{u"Lapkeeper [Information/Ok] Publish Web is not available yet."_s});
+}
+
+TEST_F(MainWindowTest, fileImportAsksForALkiFileImportsItAndSaysHowItWent)
+{
+    const QString good = gImportsPath + u"/races.lki"_s;
+    const QString bad = gImportsPath + u"/bad.lki"_s;
+    for (const auto& [path, text] : {std::pair{good, "12;610;\"R\";\"T\";2002-02-24;1;1\r\n"},
+                                     std::pair{bad, "12;611;\"R\";\"T\";2002-03-03;1;1\r\n14;x;1;;;0;0\r\n"}}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+
+    // Cancel ends the command without a word.
+    boxes().queueFile(std::nullopt);
+    action(u"mnuFileImport"_s)->trigger();
+    EXPECT_TRUE(boxes().boxes().isEmpty());
+    ASSERT_EQ(boxes().fileRequests().size(), 1);
+    const FileDialogRequest& request = boxes().fileRequests().first();
+    EXPECT_EQ(request.mode, FileDialogRequest::Mode::Open);
+    EXPECT_EQ(request.title, u"Lapkeeper Import"_s);
+    EXPECT_EQ(request.filter, u"Lapkeeper Import (*.lki)|*.lki|"_s);
+    EXPECT_EQ(request.folder, gImportsPath);
+    EXPECT_TRUE(request.fileName.isEmpty());
+
+    boxes().queueFile(good);
+    action(u"mnuFileImport"_s)->trigger();
+    EXPECT_EQ(shownBoxes(boxes()), QStringList{u"Lapkeeper [None/Ok] Import Complete."_s});
+    EXPECT_EQ(boxes().pointers().mid(boxes().pointers().size() - 2), (QList<int16_t>{11, 0}));
+    EXPECT_EQ(m_app->count(u"races"_s, u"WHERE race_nmbr = 610"_s), 1);
+
+    boxes().clear();
+    boxes().queueFile(bad);
+    action(u"mnuFileImport"_s)->trigger();
+    const QStringList shown = shownBoxes(boxes());
+    ASSERT_EQ(shown.size(), 2);
+    EXPECT_TRUE(shown[0].startsWith(u"Lapkeeper Error [Critical/Ok] Line 2 of bad.lki could not be imported: "_s));
+    EXPECT_EQ(shown[1], u"Lapkeeper [None/Ok] Import Failed."_s);
+    EXPECT_EQ(m_app->count(u"races"_s, u"WHERE race_nmbr = 611"_s), 1);
+    EXPECT_EQ(boxes().pointers().last(), 0);
 }
 
 #include "main_window_test.moc"
