@@ -2,6 +2,7 @@
 // (a cron job that posts and publishes) and for acceptance tests.
 #include "base/app_globals.h"
 #include "base/runtime_error.h"
+#include "exchange/import.h"
 #include "league/league.h"
 #include "racing/posting.h"
 #include "racing/races.h"
@@ -48,7 +49,9 @@ const char* const kUsageText =
     "  package --league N --race N   write the report package (frames page, navigation page and\n"
     "                                every report it holds) and print the files it wrote\n"
     "  restore FILE                  put a checked copy of FILE in the data file's place; the current\n"
-    "                                data file is kept in Backups/ first\n";
+    "                                data file is kept in Backups/ first\n"
+    "  import FILE                   import a .lki file (cars, races, results, roster entries); prints\n"
+    "                                \"Import Complete.\" or \"Import Failed.\"\n";
 
 int usage(const QString& problem = {})
 {
@@ -151,9 +154,21 @@ int runRestore(const QString& file)
     return gConnection->connectionStatus() == 0 ? kOk : kFailed;
 }
 
+int runImport(const QString& file)
+{
+    const bool imported = importFile(QFileInfo(file).absoluteFilePath());
+    std::puts(imported ? "Import Complete." : "Import Failed.");
+    return imported ? kOk : kFailed;
+}
+
 int runCommand(const QStringList& args, const ConsolePresenter& console)
 {
     const QString command = args.value(0);
+    if (command == u"import") {
+        if (args.size() != 2)
+            return usage(u"import takes one file"_s);
+        return runImport(args[1]);
+    }
     if (command == u"backup") {
         if (args.size() > 2)
             return usage(u"backup takes at most one file"_s);
