@@ -218,12 +218,4 @@ TEST_F(ImportFiles, aBadFirstResultRecordClearsNothing)
     EXPECT_EQ(app.count(u"results"_s, u"WHERE race_nmbr = 600"_s), 1);
 }
 
-TEST_F(ImportFiles, aMissingFileFailsWithTheOpenError)
-{
-    EXPECT_FALSE(importFile(app.folder() + u"/nowhere.lki"_s));
-    ASSERT_EQ(app.presenter().boxes().size(), 1);
-    EXPECT_TRUE(app.presenter().boxes().first().text.startsWith(u"Error trying to open "_s));
-    EXPECT_TRUE(app.presenter().boxes().first().text.contains(u"nowhere.lki.\n\nError: 53/File not found"_s));
-}
-
 } // namespace
