@@ -16,6 +16,7 @@
 QString gReportsPath;
 QString gBackupsPath;
 QString gImportsPath;
+QString gDownloadServer = kDownloadServer;
 int16_t gViewMode = 0;
 int32_t gHelpContext = 0;
 int32_t gLastBoxResult = 0;

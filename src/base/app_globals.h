@@ -33,6 +33,9 @@ QString defaultApplicationFolder();
 extern QString gReportsPath;
 extern QString gBackupsPath;
 extern QString gImportsPath;
+// The download server, "host[:port][/folder]": kDownloadServer unless LK.INI names another
+// (key DownloadServer), for a league that hosts its own files.
+extern QString gDownloadServer;
 extern int16_t gViewMode;      // 1 large icons, 2 list, 3 detail, 4 small icons; 0 at start = detail
 extern int32_t gHelpContext;   // context number for the next help request
 extern int32_t gLastBoxResult; // result of the last box of the shared message routines

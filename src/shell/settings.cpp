@@ -147,6 +147,9 @@ void loadSettings()
     s.mdiState = checkNumber(readKey(QStringLiteral("MDI State"), defaults.mdiState, 1), defaults.mdiState, 0, 2);
     s.splitterLeft = checkNumber(readKey(QStringLiteral("Splitter Left"), defaults.splitterLeft, 5), defaults.splitterLeft,
                                  INT_MIN, 32767);
+    // Not one of the saved keys: an operator who hosts the download files writes it by hand.
+    const QString server = readProfileString(settingsFilePath(), kSection, QStringLiteral("DownloadServer"), QString()).trimmed();
+    gDownloadServer = server.isEmpty() ? kDownloadServer : server;
 }
 
 void saveSettings()
