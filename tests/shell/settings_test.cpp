@@ -1,4 +1,5 @@
 #include "shell/settings.h"
+#include "base/app_globals.h"
 
 #include <QDir>
 #include <QFile>
@@ -115,4 +116,21 @@ TEST_F(SettingsFile, saveKeepsTheOtherSectionsAndKeysOfTheFile)
     EXPECT_TRUE(text.endsWith(u"[Last]\nKey=value\n"_s)) << qPrintable(text);
     EXPECT_EQ(readProfileString(settingsFilePath(), u"Other"_s, u"MDI Width"_s, {}), u"1"_s);
     EXPECT_EQ(readProfileString(settingsFilePath(), u"Lapkeeper"_s, u"Splitter Left"_s, {}), u"2520"_s);
+}
+
+TEST_F(SettingsFile, downloadServerComesFromItsKeyOrTheProductsServer)
+{
+    writeFile(settingsFilePath(), u"[Lapkeeper]\nDownloadServer=127.0.0.1:2121/league\n"_s);
+    loadSettings();
+    EXPECT_EQ(gDownloadServer, u"127.0.0.1:2121/league"_s);
+
+    writeFile(settingsFilePath(), u"[Lapkeeper]\nDownloadServer=\n"_s);
+    loadSettings();
+    EXPECT_EQ(gDownloadServer, kDownloadServer);
+
+    // Saving leaves a hand-written key where it was.
+    writeFile(settingsFilePath(), u"[Lapkeeper]\nDownloadServer=files.example.net\n"_s);
+    saveSettings();
+    loadSettings();
+    EXPECT_EQ(gDownloadServer, u"files.example.net"_s);
 }
