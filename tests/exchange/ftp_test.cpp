@@ -100,6 +100,20 @@ TEST_F(FtpClientTest, missingFileSaysSoAndKeepsTheLocalCopy)
     EXPECT_EQ(QDir(m_imports.path()).entryList(QDir::Files), QStringList{u"wccars.lki"_s});   // no temporary left
 }
 
+TEST_F(FtpClientTest, localFolderThatCannotBeWrittenSaysSoAndKeepsTheConnection)
+{
+    offer(u"wccars.lki"_s, "a");
+    openInternet();
+    connectServer(m_server.address(), QString(), QString());
+
+    EXPECT_FALSE(getFile(u"/lapkeeper/download/2002/wccars.lki"_s, m_imports.path() + u"/missing"_s));
+    ASSERT_EQ(m_presenter.boxTexts().size(), 1);
+    EXPECT_TRUE(m_presenter.boxTexts()[0].startsWith(u"Unable to write "_s)) << m_presenter.boxTexts()[0].toStdString();
+    EXPECT_TRUE(ftpState().connected);
+    EXPECT_TRUE(getFile(u"/lapkeeper/download/2002/wccars.lki"_s, m_imports.path()));
+    EXPECT_EQ(readFile(imported(u"wccars.lki"_s)), QByteArray("a"));
+}
+
 TEST_F(FtpClientTest, hostThatDoesNotResolveSaysSoThenFindsNoConnection)
 {
     gDownloadServer = u"no-such-host.invalid"_s;
