@@ -83,26 +83,6 @@ TEST(TeamCarsPages, aTeamWithoutCarsLeavesAnEmptyFileAndOpensNothing)
     EXPECT_TRUE(reportPage(u"tc9990000.html"_s).contains(u"Green Flags"_s));
 }
 
-TEST(TeamCarsPages, aTeamNumberTooLargeForTheFileNameStopsTheReportWithItsErrors)
-{
-    TempApp app;
-    const ReportSeason season = buildReportSeason();
-    ASSERT_TRUE(IDatabase().execute(u"INSERT INTO teams (team_nmbr, team_name) VALUES (22768, 'Far Away')"_s));
-    ASSERT_TRUE(IDatabase().execute(u"INSERT INTO league_teams VALUES (%1, 22768)"_s.arg(season.league)));
-    ASSERT_TRUE(IDatabase().execute(u"INSERT INTO team_car SELECT 22768, car_nmbr, '2026-01-01', NULL, 0, 0, 1 "
-                                    u"FROM cars WHERE car_txt = '2'"_s));
-
-    EXPECT_EQ(teamCarsReport(season.league, 22768, true, false, false), QString());
-    const QStringList texts = app.presenter().boxTexts();
-    ASSERT_EQ(texts.size(), 3) << qPrintable(texts.join(u'\n'));
-    EXPECT_EQ(texts[0], u"Error generating report name - Overflow"_s);
-    EXPECT_TRUE(texts[1].startsWith(u"Error creating report file - "_s));
-    EXPECT_EQ(texts[2], u"Error generating report Bad file name or number"_s);
-    EXPECT_TRUE(app.presenter().launches().isEmpty());
-    EXPECT_TRUE(reportPages().isEmpty());
-    EXPECT_EQ(app.presenter().pointers().last(), 0);
-}
-
 TEST(TeamDetailPages, oneTeamShowsItsBestCarFirstWithTheSeasonsBonusSums)
 {
     TempApp app;
